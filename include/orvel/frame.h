@@ -1,0 +1,201 @@
+/*
+ * ORVEL fixed-income analytics: the calling frame shared by every export.
+ *
+ * Every export is a plain C function. Dates are three int32 arguments (month, day, four-digit year);
+ * results come back as the function value and through output pointers; a function that can fail takes
+ * `err_code` as its last argument and, on failure, writes an error number there and returns 0 (or 0.0).
+ * On success `err_code` is left as it was (three clean-ups excepted: a date-group validator that supplies a
+ * default for a blank optional date writes 0 over its own probe's 1500, `ok_hol_table` writes 0 when it
+ * accepts a table, and the date sorts write 0 after each comparison that does not exchange). Set it to 0
+ * before a call and test it afterwards: a result of 0 alone is no sign of failure.
+ *
+ * With `validate` non-zero a function checks its arguments (the ok_ validators) before computing and stops
+ * at the first failure; with 0 it trusts them. Rates, yields and percentages are in percent (6.5 = 6.5%).
+ * Prices, redemption values and accrued interest are per 100 of face.
+ *
+ * The library keeps no state, allocates no memory, starts no threads and prints nothing; every function
+ * is re-entrant.
+ */
+#ifndef ORVEL_FRAME_H
+#define ORVEL_FRAME_H
+
+#include <stdint.h>
+
+/* ORVEL_EXPORT(type) opens every declaration and definition of an export: C linkage, visible from the
+ * shared library, and on 32-bit Windows the callee-pops (__stdcall) convention. Windows exports come from
+ * the module definition (plain and decorated name), not from dllexport. */
+#if defined(_WIN32) && (defined(__i386__) || defined(_M_IX86))
+#define ORVEL_CALL __stdcall
+#else
+#define ORVEL_CALL
+#endif
+#if defined(_WIN32)
+#define ORVEL_API
+#elif defined(__GNUC__)
+#define ORVEL_API __attribute__((visibility("default")))
+#else
+#define ORVEL_API
+#endif
+#ifdef __cplusplus
+#define ORVEL_LINKAGE extern "C"
+#else
+#define ORVEL_LINKAGE extern
+#endif
+#define ORVEL_EXPORT(type) ORVEL_LINKAGE ORVEL_API type ORVEL_CALL
+
+/* Error numbers. A composite validator adds the role of the failing date to the base number (1 maturity,
+ * 2 dated date, 3 first coupon, 4 trade date, 5 step date, 6 last regular coupon, 7 settlement, 8 the
+ * date checked by ok_lt_MDY, 9 ex-dividend date): 1207 is a bad settlement month. An ordering failure adds
+ * both roles, earlier first: 2171 is settlement not before maturity. 4000 + k is a bad given value of
+ * kind k; 12000 + i a bad date at index i of a date list. err_2_text() gives the meaning of any number.
+ *
+ * One row per number: constant, number, meaning. The table is append-only. */
+#define ORVEL_ERROR_TABLE(X)                                                                        \
+    X(ORVEL_E_SELECTOR, 200, "a selector or code argument is outside its set")                     \
+    X(ORVEL_E_GIVEN_PS, 210, "the price/spread selector is not allowed")                           \
+    X(ORVEL_E_SEC_TYPE, 300, "security type or method not known")                                   \
+    X(ORVEL_E_DAY_TYPE, 500, "day-count code (day_type) not 1..13")                                 \
+    X(ORVEL_E_DAY_TYPE_MISSING, 501, "day-count code (day_type) not supplied (-1)")                 \
+    X(ORVEL_E_USPM_TYPE1, 505, "payment-type code invalid")                                         \
+    X(ORVEL_E_SIDE, 590, "side code not 1 or 2")                                                    \
+    X(ORVEL_E_SIDE_MISSING, 591, "side code not supplied (-1)")                                     \
+    X(ORVEL_E_CPN_FREQ, 600, "coupon frequency (cpn_freq) not 1, 2, 4 or 12")                       \
+    X(ORVEL_E_CPN_FREQ_MISSING, 601, "coupon frequency (cpn_freq) not supplied (-1)")               \
+    X(ORVEL_E_USPM_TYPE2, 605, "payment-type code does not fit the frequency")                      \
+    X(ORVEL_E_PCNT_SPD_MODEL, 700, "prepayment model code not known")                               \
+    X(ORVEL_E_USPM_TYPE3, 705, "payment-type code does not fit the security")                       \
+    X(ORVEL_E_PPS, 970, "prepayment schedule invalid")                                              \
+    X(ORVEL_E_EX_TYPE, 960, "ex-dividend rule code (ex_type) not 0, 1 or 2")                        \
+    X(ORVEL_E_YEAR, 1100, "year outside 1800..2300")                                                \
+    X(ORVEL_E_MONTH, 1200, "month outside 1..12")                                                   \
+    X(ORVEL_E_DAY, 1300, "day outside 1..last day of the month")                                    \
+    X(ORVEL_E_BLANK, 1500, "a required date is blank")                                              \
+    X(ORVEL_E_EXDIV, 1609, "ex-dividend date outside the coupon period of settlement")              \
+    X(ORVEL_E_NOT_LE, 2000, "date must not be after the other")                                     \
+    X(ORVEL_E_NOT_LT, 2100, "date must be before the other")                                        \
+    X(ORVEL_E_EXDIV_ORDER, 2191, "ex-dividend date must be before maturity")                       \
+    X(ORVEL_E_SYNC, 2200, "dates not on one coupon cycle")                                          \
+    X(ORVEL_E_LT_MDY, 2281, "date not a whole number of coupon periods before the other")           \
+    X(ORVEL_E_FRN_DATES, 2600, "floating-rate note schedule inconsistent")                          \
+    X(ORVEL_E_DOW, 2710, "day of week not 1..7")                                                    \
+    X(ORVEL_E_DOW_OCCUR, 2720, "occurrence of a weekday in a month not 0..5")                       \
+    X(ORVEL_E_NEG_BASE, 4090, "1 + yield per period is negative: no price")                         \
+    X(ORVEL_E_CPN_RATE, 4100, "coupon rate outside 0..3000")                                        \
+    X(ORVEL_E_CPN_AMT, 4101, "next coupon amount outside 0..3000")                                  \
+    X(ORVEL_E_REDEMPTN, 4200, "redemption value not positive")                                      \
+    X(ORVEL_E_TAX_RATE, 4300, "tax rate outside 0..100")                                            \
+    X(ORVEL_E_TAX1, 4301, "first tax rate outside 0..100")                                          \
+    X(ORVEL_E_TAX2, 4302, "second tax rate outside 0..100")                                         \
+    X(ORVEL_E_DAYS_PCNT, 4400, "fraction of a period (nxt_frac) negative, or zero in a final-period kernel") \
+    X(ORVEL_E_LCPN_LEN, 4410, "last coupon length not positive")                                    \
+    X(ORVEL_E_AI, 4500, "accrued interest negative")                                                \
+    X(ORVEL_E_FULL_PER, 4600, "number of whole periods below 1")                                    \
+    X(ORVEL_E_DAYS_YEAR, 4700, "days in the year not 360..366")                                     \
+    X(ORVEL_E_SF_AMT, 5100, "sinking-fund amount negative")                                         \
+    X(ORVEL_E_DOY, 5103, "day of year not 1..366")                                                  \
+    X(ORVEL_E_DOY_YEAR, 5104, "year of day-of-year outside 1800..2300")                             \
+    X(ORVEL_E_NEG_YEARS, 5200, "negative number of years")                                          \
+    X(ORVEL_E_MAINT_ACTION, 5310, "date-list action code not 1, -1 or -2")                          \
+    X(ORVEL_E_ABD_FLAG, 5350, "business-day flag not 0, 1 or 2")                                    \
+    X(ORVEL_E_HOL_COUNT, 5400, "holiday count outside 0..3000")                                     \
+    X(ORVEL_E_HOL_ORDER, 5401, "holiday outside 1800..2300 or not after the one before")            \
+    X(ORVEL_E_HOL_WEEKEND, 5403, "holiday on a Saturday or Sunday")                                 \
+    X(ORVEL_E_SRVC_FEE_LOW, 6201, "servicing fee below 0")                                          \
+    X(ORVEL_E_SRVC_FEE_HIGH, 6202, "servicing fee above its bound")                                 \
+    X(ORVEL_E_PAYMT_DLY, 6300, "payment delay negative")                                            \
+    X(ORVEL_E_TERM_LOW, 6401, "term below its lower bound")                                         \
+    X(ORVEL_E_TERM_HIGH, 6402, "term above its upper bound")                                        \
+    X(ORVEL_E_POOL_AGE_LOW, 6501, "pool age negative")                                              \
+    X(ORVEL_E_POOL_AGE_HIGH, 6502, "pool age not below the term")                                   \
+    X(ORVEL_E_AVG_LIFE_LOW, 6601, "average life negative")                                          \
+    X(ORVEL_E_AVG_LIFE_HIGH, 6602, "average life above the term")                                   \
+    X(ORVEL_E_M_INC_BAL_LOW, 6701, "month of balance increase negative")                            \
+    X(ORVEL_E_M_INC_BAL_HIGH, 6702, "month of balance increase above the term")                     \
+    X(ORVEL_E_RT_BALINC, 6800, "rate of balance increase negative")                                 \
+    X(ORVEL_E_SD_2_MD_LOW, 6901, "days to maturity below 1")                                        \
+    X(ORVEL_E_SD_2_MD_HIGH, 6902, "days to maturity above 600")                                     \
+    X(ORVEL_E_PCNT_SPD1, 7001, "prepayment speed invalid for the model")                            \
+    X(ORVEL_E_PCNT_SPD2, 7002, "prepayment speed invalid for the model")                            \
+    X(ORVEL_E_PCNT_SPD3, 7003, "prepayment speed invalid for the model")                            \
+    X(ORVEL_E_PCNT_SPD4, 7004, "prepayment speed invalid for the model")                            \
+    X(ORVEL_E_CONV_RATE, 7100, "conversion rate not positive")                                      \
+    X(ORVEL_E_LIST_ORDER1, 7701, "first date list not in ascending order")                          \
+    X(ORVEL_E_LIST_ORDER2, 7702, "second date list not in ascending order")                         \
+    X(ORVEL_E_ER_IN, 8510, "effective-rate inputs invalid")                                         \
+    X(ORVEL_E_SOLVER, 9020, "the solver did not converge (degenerate step, value not finite, or 1000 iterations)") \
+    X(ORVEL_E_FLT_CPN_COUNT, 10040, "floating-rate coupon count not positive")                      \
+    X(ORVEL_E_FLT_RST_COUNT, 10041, "floating-rate reset count not positive")                       \
+    X(ORVEL_E_FLT_RST_ORDER, 10045, "floating-rate reset dates out of order")                       \
+    X(ORVEL_E_FLT_FIRST, 10046, "first floating-rate list date after the reference date")           \
+    X(ORVEL_E_FLT_LAST, 10047, "reference date not before the last floating-rate list date")        \
+    X(ORVEL_E_BALLOON, 11101, "balloon month negative")                                             \
+    X(ORVEL_E_DAYS_ACRD, 11200, "days accrued negative")                                            \
+    X(ORVEL_E_HLDNG_MTH_LOW, 11301, "holding month below 1")                                        \
+    X(ORVEL_E_HLDNG_MTH_HIGH, 11302, "holding month above the term")                                \
+    X(ORVEL_E_LOCK_OUT, 11401, "lock-out months negative")                                          \
+    X(ORVEL_E_PMTINC_LOW, 11501, "payment increase rate or month negative")                         \
+    X(ORVEL_E_PMTINC_HIGH, 11502, "month of payment increase above the term")                       \
+    X(ORVEL_E_WAM_LOW, 11901, "remaining term below 1")                                             \
+    X(ORVEL_E_WAM_HIGH, 11902, "remaining term above the original term")                            \
+    X(ORVEL_E_MBS_BAL, 13100, "balance not positive")                                               \
+    X(ORVEL_E_MBS_FCTR, 13200, "pool factor negative")                                              \
+    X(ORVEL_E_FACE, 14100, "face amount negative")                                                  \
+    X(ORVEL_E_SF_IN, 14300, "sinking-fund inputs invalid")
+
+#define ORVEL_ERROR_ENUM_(name, number, meaning) name = number,
+enum orvel_error { ORVEL_ERROR_TABLE(ORVEL_ERROR_ENUM_) };
+#undef ORVEL_ERROR_ENUM_
+
+/* Bases that take a role or an index on top: 1100 + role, 2100 + roles, 4000 + kind, 12000 + index. */
+#define ORVEL_E_GIVEN_BASE 4000
+#define ORVEL_E_DAYS_PER_BASE 4800
+#define ORVEL_E_DATE_LIST_BASE 12000
+
+/* Date roles, added to a date error by the composite validators. */
+enum orvel_role {
+    ORVEL_ROLE_MATURITY = 1,
+    ORVEL_ROLE_DATED = 2,
+    ORVEL_ROLE_FIRST_CPN = 3,
+    ORVEL_ROLE_TRADE = 4,
+    ORVEL_ROLE_STEP = 5,
+    ORVEL_ROLE_LAST_CPN = 6,
+    ORVEL_ROLE_SETTLE = 7,
+    ORVEL_ROLE_CHECKED = 8,
+    ORVEL_ROLE_EXDIV = 9
+};
+
+/* ---- Version, rounding and price fractions ------------------------------------------------------- */
+
+/* Version 1.32 of 3/19/97: writes 1 to *major, 32 to *minor and 3, 19, 97 to the release month, day and
+ * two-digit year. The last four pointers are accepted and never touched. */
+ORVEL_EXPORT(void) ZEBA_vers(int32_t* major, int32_t* minor, int32_t* rel_month, int32_t* rel_day,
+                             int32_t* rel_year, int32_t* spare1, int32_t* spare2, int32_t* spare3,
+                             int32_t* spare4);
+
+/* num truncated toward zero (rnd = 0) or rounded half away from zero (rnd != 0) to `places` decimals.
+ * Only the fractional part is scaled, so a large integer part loses no precision. 0 and NaN come back
+ * unchanged. Cannot fail. */
+ORVEL_EXPORT(double) d_trunc_rnd(double num, int32_t places, int32_t rnd);
+
+/* rslt rounded to the places that the market of sec_type quotes a result of kind rslt_type (1..5; 2 is a
+ * risk measure) in. Errors: 200 rslt_type not 1..5; 300 sec_type not known. On either error rslt comes
+ * back unchanged (not 0). */
+ORVEL_EXPORT(double) rslt_fix_plc(int32_t sec_type, int32_t rslt_type, double rslt, uint32_t* err_code);
+
+/* A decimal price in handle-and-ticks form: the fraction holds the number of 1/denom units as two decimal
+ * digits (99.5 with denom 32 gives 99.16). Not rounded. Cannot fail. */
+ORVEL_EXPORT(double) dec_2_frac(double dec, int32_t denom);
+
+/* A handle-and-ticks price back to decimal: the units are read from one decimal digit for denom <= 10,
+ * two up to 100 and three above (99.16 with denom 32 gives 99.5). Inverse of dec_2_frac only for
+ * denominators 11..100. Cannot fail. */
+ORVEL_EXPORT(double) frac_2_dec(double frac, int32_t denom);
+
+/* The meaning of an error number as text, written into text[0..size-1] and always NUL-terminated
+ * (nothing is written when size < 1). Covers the base numbers, the date roles added to them (1207: month
+ * of the settlement date), the orderings (2171: settlement not before maturity), 4000 + kind and
+ * 12000 + index. Returns the length of the whole message, which may exceed size - 1 (then the text is
+ * cut). 0 gives "no error"; an unknown number gives "unknown error number N". Cannot fail. */
+ORVEL_EXPORT(int32_t) err_2_text(int32_t number, char* text, int32_t size);
+
+#endif /* ORVEL_FRAME_H */

@@ -1,0 +1,10 @@
+/* ORVEL fixed-income analytics library: every public declaration. Include this one header. */
+#ifndef ORVEL_H
+#define ORVEL_H
+
+#include "orvel/frame.h"
+#include "orvel/calendar.h"
+#include "orvel/schedule.h"
+#include "orvel/bond.h"
+
+#endif /* ORVEL_H */
