@@ -198,4 +198,19 @@ ORVEL_EXPORT(double) frac_2_dec(double frac, int32_t denom);
  * cut). 0 gives "no error"; an unknown number gives "unknown error number N". Cannot fail. */
 ORVEL_EXPORT(int32_t) err_2_text(int32_t number, char* text, int32_t size);
 
+/* ---- Argument validators ------------------------------------------------------------------------------
+ * Each returns 1 when its argument is acceptable and 0 otherwise, writing its number to err_code. A
+ * composite validator adds the role of the failing date (see orvel_role) and stops at the first failure. */
+
+/* One date. A blank date (0/0/0, 0/0/1900, 0/0/2000) is accepted when `required` is 0 and is 1500 when it
+ * is non-zero. Otherwise, in this order: month outside 1..12 is 1200; day outside 1..last day of the month
+ * (of the year as given) is 1300; year outside 1800..2300 is 1100. */
+ORVEL_EXPORT(int32_t) ok_MDY(int32_t m, int32_t d, int32_t y, int32_t required, uint32_t* err_code);
+
+/* day_type 1..13; -1 (not supplied) is 501, any other value 500. */
+ORVEL_EXPORT(int32_t) ok_day_type(int32_t day_type, uint32_t* err_code);
+
+/* cpn_freq 1, 2, 4 or 12; -1 (not supplied) is 601, any other value 600. */
+ORVEL_EXPORT(int32_t) ok_cpn_freq(int32_t cpn_freq, uint32_t* err_code);
+
 #endif /* ORVEL_FRAME_H */
