@@ -7,7 +7,8 @@ usage: make_corpus.py SOURCE_DIR OUT_DIR
 The argument kinds come from the export list itself (tools/gen_exports.py reads it), so a new export gets
 its seed without any change here. A sample line is written as the command-line tool takes it: the name,
 then every typed argument (dates as M/D/YYYY or YYYY-MM-DD, arrays as comma-separated lists); outputs,
-err_code and the count of an input array are not typed, the capacity of an output array is.
+err_code and the count of an input array are not typed, the capacity of an output array is; [] is an empty
+list, and a 1-based table is typed from its element 1.
 """
 import pathlib
 import re
@@ -17,7 +18,7 @@ import sys
 MAX_COUNT = 64
 INPUT_ARRAYS = {"i32[]", "f64[]", "io_i32[]", "io_f64[]"}
 ARRAYS = INPUT_ARRAYS | {"out_i32[]", "out_f64[]", "out_chr[]"}
-UNTYPED = {"out_i32", "out_f64", "out_date", "err"}
+UNTYPED = {"out_i32", "out_f64", "out_date", "err", "out_i32[]", "out_f64[]", "out_chr[]"}
 
 # Tags of the scalar encodings (see Input::read_i32, read_f64, read_date in fuzz_exports.cpp).
 I32_LITERAL, F64_LITERAL, DATE_LITERAL = 0, 0, 0
@@ -54,7 +55,7 @@ def parse_date(text):
 
 
 def parse_list(text, convert):
-    if text in ("", "-"):
+    if text == "[]":
         return []
     return [convert(x) for x in text.split(",")]
 
@@ -93,8 +94,8 @@ def encode_sample(entry, tokens):
         if a["kind"] in INPUT_ARRAYS:
             convert = float if a["kind"].endswith("f64[]") else int
             values = parse_list(given[i], convert)
-            count_value[a["count_index"]] = len(values) - a["offset"]
-            lists[i] = values
+            count_value[a["count_index"]] = len(values)
+            lists[i] = [convert(0)] * a["offset"] + values  # a 1-based table is typed from element 1
     out = bytearray(header(entry["name"]))
     for i, a in enumerate(args):
         kind = a["kind"]
