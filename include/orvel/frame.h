@@ -53,93 +53,109 @@
 #define ORVEL_ERROR_TABLE(X)                                                                        \
     X(ORVEL_E_SELECTOR, 200, "a selector or code argument is outside its set")                     \
     X(ORVEL_E_GIVEN_PS, 210, "the price/spread selector is not allowed")                           \
-    X(ORVEL_E_SEC_TYPE, 300, "security type or method not known")                                   \
-    X(ORVEL_E_DAY_TYPE, 500, "day-count code (day_type) not 1..13")                                 \
-    X(ORVEL_E_DAY_TYPE_MISSING, 501, "day-count code (day_type) not supplied (-1)")                 \
-    X(ORVEL_E_USPM_TYPE1, 505, "payment-type code invalid")                                         \
-    X(ORVEL_E_SIDE, 590, "side code not 1 or 2")                                                    \
-    X(ORVEL_E_SIDE_MISSING, 591, "side code not supplied (-1)")                                     \
-    X(ORVEL_E_CPN_FREQ, 600, "coupon frequency (cpn_freq) not 1, 2, 4 or 12")                       \
-    X(ORVEL_E_CPN_FREQ_MISSING, 601, "coupon frequency (cpn_freq) not supplied (-1)")               \
-    X(ORVEL_E_USPM_TYPE2, 605, "payment-type code does not fit the frequency")                      \
-    X(ORVEL_E_PCNT_SPD_MODEL, 700, "prepayment model code not known")                               \
-    X(ORVEL_E_USPM_TYPE3, 705, "payment-type code does not fit the security")                       \
-    X(ORVEL_E_PPS, 970, "prepayment schedule invalid")                                              \
-    X(ORVEL_E_EX_TYPE, 960, "ex-dividend rule code (ex_type) not 0, 1 or 2")                        \
-    X(ORVEL_E_YEAR, 1100, "year outside 1800..2300")                                                \
-    X(ORVEL_E_MONTH, 1200, "month outside 1..12")                                                   \
-    X(ORVEL_E_DAY, 1300, "day outside 1..last day of the month")                                    \
-    X(ORVEL_E_BLANK, 1500, "a required date is blank")                                              \
-    X(ORVEL_E_EXDIV, 1609, "ex-dividend date outside the coupon period of settlement")              \
-    X(ORVEL_E_NOT_LE, 2000, "date must not be after the other")                                     \
-    X(ORVEL_E_NOT_LT, 2100, "date must be before the other")                                        \
+    X(ORVEL_E_SEC_TYPE, 300, "security type or method not known")                                  \
+    X(ORVEL_E_DAY_TYPE, 500, "day-count code (day_type) not 1..13")                                \
+    X(ORVEL_E_DAY_TYPE_MISSING, 501, "day-count code (day_type) not supplied (-1)")                \
+    X(ORVEL_E_USPM_TYPE1, 505, "payment-type code invalid")                                        \
+    X(ORVEL_E_FLT_CODE, 535, "floating-rate input code outside its set")                           \
+    X(ORVEL_E_SIDE, 590, "side code not 1 or 2")                                                   \
+    X(ORVEL_E_SIDE_MISSING, 591, "side code not supplied (-1)")                                    \
+    X(ORVEL_E_CPN_FREQ, 600, "coupon frequency (cpn_freq) not 1, 2, 4 or 12")                      \
+    X(ORVEL_E_CPN_FREQ_MISSING, 601, "coupon frequency (cpn_freq) not supplied (-1)")              \
+    X(ORVEL_E_USPM_TYPE2, 605, "payment-type code does not fit the frequency")                     \
+    X(ORVEL_E_FLT_FREQ, 650, "floating-rate reset frequency invalid")                              \
+    X(ORVEL_E_PCNT_SPD_MODEL, 700, "prepayment model code not known")                              \
+    X(ORVEL_E_USPM_TYPE3, 705, "payment-type code does not fit the security")                      \
+    X(ORVEL_E_PPS, 970, "prepayment schedule invalid")                                             \
+    X(ORVEL_E_EX_TYPE, 960, "ex-dividend rule code (ex_type) not 0, 1 or 2")                       \
+    X(ORVEL_E_YEAR, 1100, "year outside 1800..2300")                                               \
+    X(ORVEL_E_MONTH, 1200, "month outside 1..12")                                                  \
+    X(ORVEL_E_DAY, 1300, "day outside 1..last day of the month")                                   \
+    X(ORVEL_E_BLANK, 1500, "a required date is blank")                                             \
+    X(ORVEL_E_EXDIV, 1609, "ex-dividend date outside the coupon period of settlement")             \
+    X(ORVEL_E_NOT_LE, 2000, "date must not be after the other")                                    \
+    X(ORVEL_E_NOT_LT, 2100, "date must be before the other")                                       \
     X(ORVEL_E_EXDIV_ORDER, 2191, "ex-dividend date must be before maturity")                       \
-    X(ORVEL_E_SYNC, 2200, "dates not on one coupon cycle")                                          \
-    X(ORVEL_E_LT_MDY, 2281, "date not a whole number of coupon periods before the other")           \
-    X(ORVEL_E_FRN_DATES, 2600, "floating-rate note schedule inconsistent")                          \
-    X(ORVEL_E_DOW, 2710, "day of week not 1..7")                                                    \
-    X(ORVEL_E_DOW_OCCUR, 2720, "occurrence of a weekday in a month not 0..5")                       \
-    X(ORVEL_E_NEG_BASE, 4090, "1 + yield per period is negative: no price")                         \
-    X(ORVEL_E_CPN_RATE, 4100, "coupon rate outside 0..3000")                                        \
-    X(ORVEL_E_CPN_AMT, 4101, "next coupon amount outside 0..3000")                                  \
-    X(ORVEL_E_REDEMPTN, 4200, "redemption value not positive")                                      \
-    X(ORVEL_E_TAX_RATE, 4300, "tax rate outside 0..100")                                            \
-    X(ORVEL_E_TAX1, 4301, "first tax rate outside 0..100")                                          \
-    X(ORVEL_E_TAX2, 4302, "second tax rate outside 0..100")                                         \
+    X(ORVEL_E_SYNC, 2200, "dates not on one coupon cycle")                                         \
+    X(ORVEL_E_ODD_SYNC, 2206, "odd-period dates not on one coupon cycle")                          \
+    X(ORVEL_E_LT_MDY, 2281, "date not a whole number of coupon periods before the other")          \
+    X(ORVEL_E_FRN_DATES, 2600, "floating-rate note schedule inconsistent")                         \
+    X(ORVEL_E_DOW, 2710, "day of week not 1..7")                                                   \
+    X(ORVEL_E_DOW_OCCUR, 2720, "occurrence of a weekday in a month not 0..5")                      \
+    X(ORVEL_E_ODD_PERIOD1, 2851, "odd coupon-period dates inconsistent (check 1)")                 \
+    X(ORVEL_E_ODD_PERIOD2, 2852, "odd coupon-period dates inconsistent (check 2)")                 \
+    X(ORVEL_E_ODD_PERIOD3, 2853, "odd coupon-period dates inconsistent (check 3)")                 \
+    X(ORVEL_E_ODD_PERIOD4, 2854, "odd coupon-period dates inconsistent (check 4)")                 \
+    X(ORVEL_E_ODD_PERIOD5, 2855, "odd coupon-period dates inconsistent (check 5)")                 \
+    X(ORVEL_E_ODD_PERIOD6, 2856, "odd coupon-period dates inconsistent (check 6)")                 \
+    X(ORVEL_E_NEG_BASE, 4090, "1 + yield per period is negative: no price")                        \
+    X(ORVEL_E_CPN_RATE, 4100, "coupon rate outside 0..3000")                                       \
+    X(ORVEL_E_CPN_AMT, 4101, "next coupon amount outside 0..3000")                                 \
+    X(ORVEL_E_REDEMPTN, 4200, "redemption value not positive")                                     \
+    X(ORVEL_E_TAX_RATE, 4300, "tax rate outside 0..100")                                           \
+    X(ORVEL_E_TAX1, 4301, "first tax rate outside 0..100")                                         \
+    X(ORVEL_E_TAX2, 4302, "second tax rate outside 0..100")                                        \
     X(ORVEL_E_DAYS_PCNT, 4400, "fraction of a period (nxt_frac) negative, or zero in a final-period kernel") \
-    X(ORVEL_E_LCPN_LEN, 4410, "last coupon length not positive")                                    \
-    X(ORVEL_E_AI, 4500, "accrued interest negative")                                                \
-    X(ORVEL_E_FULL_PER, 4600, "number of whole periods below 1")                                    \
-    X(ORVEL_E_DAYS_YEAR, 4700, "days in the year not 360..366")                                     \
-    X(ORVEL_E_SF_AMT, 5100, "sinking-fund amount negative")                                         \
-    X(ORVEL_E_DOY, 5103, "day of year not 1..366")                                                  \
-    X(ORVEL_E_DOY_YEAR, 5104, "year of day-of-year outside 1800..2300")                             \
-    X(ORVEL_E_NEG_YEARS, 5200, "negative number of years")                                          \
-    X(ORVEL_E_MAINT_ACTION, 5310, "date-list action code not 1, -1 or -2")                          \
-    X(ORVEL_E_ABD_FLAG, 5350, "business-day flag not 0, 1 or 2")                                    \
-    X(ORVEL_E_HOL_COUNT, 5400, "holiday count outside 0..3000")                                     \
-    X(ORVEL_E_HOL_ORDER, 5401, "holiday outside 1800..2300 or not after the one before")            \
-    X(ORVEL_E_HOL_WEEKEND, 5403, "holiday on a Saturday or Sunday")                                 \
-    X(ORVEL_E_SRVC_FEE_LOW, 6201, "servicing fee below 0")                                          \
-    X(ORVEL_E_SRVC_FEE_HIGH, 6202, "servicing fee above its bound")                                 \
-    X(ORVEL_E_PAYMT_DLY, 6300, "payment delay negative")                                            \
-    X(ORVEL_E_TERM_LOW, 6401, "term below its lower bound")                                         \
-    X(ORVEL_E_TERM_HIGH, 6402, "term above its upper bound")                                        \
-    X(ORVEL_E_POOL_AGE_LOW, 6501, "pool age negative")                                              \
-    X(ORVEL_E_POOL_AGE_HIGH, 6502, "pool age not below the term")                                   \
-    X(ORVEL_E_AVG_LIFE_LOW, 6601, "average life negative")                                          \
-    X(ORVEL_E_AVG_LIFE_HIGH, 6602, "average life above the term")                                   \
-    X(ORVEL_E_M_INC_BAL_LOW, 6701, "month of balance increase negative")                            \
-    X(ORVEL_E_M_INC_BAL_HIGH, 6702, "month of balance increase above the term")                     \
-    X(ORVEL_E_RT_BALINC, 6800, "rate of balance increase negative")                                 \
-    X(ORVEL_E_SD_2_MD_LOW, 6901, "days to maturity below 1")                                        \
-    X(ORVEL_E_SD_2_MD_HIGH, 6902, "days to maturity above 600")                                     \
-    X(ORVEL_E_PCNT_SPD1, 7001, "prepayment speed invalid for the model")                            \
-    X(ORVEL_E_PCNT_SPD2, 7002, "prepayment speed invalid for the model")                            \
-    X(ORVEL_E_PCNT_SPD3, 7003, "prepayment speed invalid for the model")                            \
-    X(ORVEL_E_PCNT_SPD4, 7004, "prepayment speed invalid for the model")                            \
-    X(ORVEL_E_CONV_RATE, 7100, "conversion rate not positive")                                      \
-    X(ORVEL_E_LIST_ORDER1, 7701, "first date list not in ascending order")                          \
-    X(ORVEL_E_LIST_ORDER2, 7702, "second date list not in ascending order")                         \
-    X(ORVEL_E_ER_IN, 8510, "effective-rate inputs invalid")                                         \
+    X(ORVEL_E_LCPN_LEN, 4410, "last coupon length not positive")                                   \
+    X(ORVEL_E_AI, 4500, "accrued interest negative")                                               \
+    X(ORVEL_E_FULL_PER, 4600, "number of whole periods below 1")                                   \
+    X(ORVEL_E_DAYS_YEAR, 4700, "days in the year not 360..366")                                    \
+    X(ORVEL_E_SF_AMT, 5100, "sinking-fund amount negative")                                        \
+    X(ORVEL_E_DOY, 5103, "day of year not 1..366")                                                 \
+    X(ORVEL_E_DOY_YEAR, 5104, "year of day-of-year outside 1800..2300")                            \
+    X(ORVEL_E_NEG_YEARS, 5200, "negative number of years")                                         \
+    X(ORVEL_E_MAINT_ACTION, 5310, "date-list action code not 1, -1 or -2")                         \
+    X(ORVEL_E_ABD_FLAG, 5350, "business-day flag not 0, 1 or 2")                                   \
+    X(ORVEL_E_HOL_COUNT, 5400, "holiday count outside 0..3000")                                    \
+    X(ORVEL_E_HOL_ORDER, 5401, "holiday outside 1800..2300 or not after the one before")           \
+    X(ORVEL_E_HOL_WEEKEND, 5403, "holiday on a Saturday or Sunday")                                \
+    X(ORVEL_E_BD_SCHEDULE1, 5410, "business-day adjusted schedule inconsistent (check 1)")         \
+    X(ORVEL_E_BD_SCHEDULE2, 5411, "business-day adjusted schedule inconsistent (check 2)")         \
+    X(ORVEL_E_BD_SCHEDULE3, 5412, "business-day adjusted schedule inconsistent (check 3)")         \
+    X(ORVEL_E_BD_SCHEDULE4, 5413, "business-day adjusted schedule inconsistent (check 4)")         \
+    X(ORVEL_E_SRVC_FEE_LOW, 6201, "servicing fee below 0")                                         \
+    X(ORVEL_E_SRVC_FEE_HIGH, 6202, "servicing fee above its bound")                                \
+    X(ORVEL_E_PAYMT_DLY, 6300, "payment delay negative")                                           \
+    X(ORVEL_E_TERM_LOW, 6401, "term below its lower bound")                                        \
+    X(ORVEL_E_TERM_HIGH, 6402, "term above its upper bound")                                       \
+    X(ORVEL_E_POOL_AGE_LOW, 6501, "pool age negative")                                             \
+    X(ORVEL_E_POOL_AGE_HIGH, 6502, "pool age not below the term")                                  \
+    X(ORVEL_E_AVG_LIFE_LOW, 6601, "average life negative")                                         \
+    X(ORVEL_E_AVG_LIFE_HIGH, 6602, "average life above the term")                                  \
+    X(ORVEL_E_M_INC_BAL_LOW, 6701, "month of balance increase negative")                           \
+    X(ORVEL_E_M_INC_BAL_HIGH, 6702, "month of balance increase above the term")                    \
+    X(ORVEL_E_RT_BALINC, 6800, "rate of balance increase negative")                                \
+    X(ORVEL_E_SD_2_MD_LOW, 6901, "days to maturity below 1")                                       \
+    X(ORVEL_E_SD_2_MD_HIGH, 6902, "days to maturity above 600")                                    \
+    X(ORVEL_E_PCNT_SPD1, 7001, "prepayment speed invalid for the model")                           \
+    X(ORVEL_E_PCNT_SPD2, 7002, "prepayment speed invalid for the model")                           \
+    X(ORVEL_E_PCNT_SPD3, 7003, "prepayment speed invalid for the model")                           \
+    X(ORVEL_E_PCNT_SPD4, 7004, "prepayment speed invalid for the model")                           \
+    X(ORVEL_E_CONV_RATE, 7100, "conversion rate not positive")                                     \
+    X(ORVEL_E_LIST_ORDER1, 7701, "first date list not in ascending order")                         \
+    X(ORVEL_E_LIST_ORDER2, 7702, "second date list not in ascending order")                        \
+    X(ORVEL_E_ER_IN, 8510, "effective-rate inputs invalid")                                        \
     X(ORVEL_E_SOLVER, 9020, "the solver did not converge (degenerate step, value not finite, or 1000 iterations)") \
-    X(ORVEL_E_FLT_CPN_COUNT, 10040, "floating-rate coupon count not positive")                      \
-    X(ORVEL_E_FLT_RST_COUNT, 10041, "floating-rate reset count not positive")                       \
-    X(ORVEL_E_FLT_RST_ORDER, 10045, "floating-rate reset dates out of order")                       \
-    X(ORVEL_E_FLT_FIRST, 10046, "first floating-rate list date after the reference date")           \
-    X(ORVEL_E_FLT_LAST, 10047, "reference date not before the last floating-rate list date")        \
-    X(ORVEL_E_BALLOON, 11101, "balloon month negative")                                             \
-    X(ORVEL_E_DAYS_ACRD, 11200, "days accrued negative")                                            \
-    X(ORVEL_E_HLDNG_MTH_LOW, 11301, "holding month below 1")                                        \
-    X(ORVEL_E_HLDNG_MTH_HIGH, 11302, "holding month above the term")                                \
-    X(ORVEL_E_LOCK_OUT, 11401, "lock-out months negative")                                          \
-    X(ORVEL_E_PMTINC_LOW, 11501, "payment increase rate or month negative")                         \
-    X(ORVEL_E_PMTINC_HIGH, 11502, "month of payment increase above the term")                       \
-    X(ORVEL_E_WAM_LOW, 11901, "remaining term below 1")                                             \
-    X(ORVEL_E_WAM_HIGH, 11902, "remaining term above the original term")                            \
-    X(ORVEL_E_MBS_BAL, 13100, "balance not positive")                                               \
-    X(ORVEL_E_MBS_FCTR, 13200, "pool factor negative")                                              \
-    X(ORVEL_E_FACE, 14100, "face amount negative")                                                  \
+    X(ORVEL_E_FLT_CPN_COUNT, 10040, "floating-rate coupon count not positive")                     \
+    X(ORVEL_E_FLT_RST_COUNT, 10041, "floating-rate reset count not positive")                      \
+    X(ORVEL_E_FLT_INPUT2, 10042, "floating-rate coupon or reset inputs inconsistent")              \
+    X(ORVEL_E_FLT_INPUT3, 10043, "floating-rate coupon or reset inputs inconsistent")              \
+    X(ORVEL_E_FLT_INPUT4, 10044, "floating-rate coupon or reset inputs inconsistent")              \
+    X(ORVEL_E_FLT_RST_ORDER, 10045, "floating-rate reset dates out of order")                      \
+    X(ORVEL_E_FLT_FIRST, 10046, "first floating-rate list date after the reference date")          \
+    X(ORVEL_E_FLT_LAST, 10047, "reference date not before the last floating-rate list date")       \
+    X(ORVEL_E_BALLOON, 11101, "balloon month negative")                                            \
+    X(ORVEL_E_DAYS_ACRD, 11200, "days accrued negative")                                           \
+    X(ORVEL_E_HLDNG_MTH_LOW, 11301, "holding month below 1")                                       \
+    X(ORVEL_E_HLDNG_MTH_HIGH, 11302, "holding month above the term")                               \
+    X(ORVEL_E_LOCK_OUT, 11401, "lock-out months negative")                                         \
+    X(ORVEL_E_PMTINC_LOW, 11501, "payment increase rate or month negative")                        \
+    X(ORVEL_E_PMTINC_HIGH, 11502, "month of payment increase above the term")                      \
+    X(ORVEL_E_WAM_LOW, 11901, "remaining term below 1")                                            \
+    X(ORVEL_E_WAM_HIGH, 11902, "remaining term above the original term")                           \
+    X(ORVEL_E_MBS_BAL, 13100, "balance not positive")                                              \
+    X(ORVEL_E_MBS_FCTR, 13200, "pool factor negative")                                             \
+    X(ORVEL_E_FACE, 14100, "face amount negative")                                                 \
     X(ORVEL_E_SF_IN, 14300, "sinking-fund inputs invalid")
 
 #define ORVEL_ERROR_ENUM_(name, number, meaning) name = number,
