@@ -229,4 +229,178 @@ ORVEL_EXPORT(int32_t) ok_day_type(int32_t day_type, uint32_t* err_code);
 /* cpn_freq 1, 2, 4 or 12; -1 (not supplied) is 601, any other value 600. */
 ORVEL_EXPORT(int32_t) ok_cpn_freq(int32_t cpn_freq, uint32_t* err_code);
 
+/* ---- Validators of codes, counts and amounts -------------------------------------------------------------
+ * One value (and, where named, its bound) against a range or a set. Each returns 1 or writes its number and
+ * returns 0. Every range test of a double also fails for NaN and for both infinities, with the same number.
+ * A code of -1 is a convention left to the market default: the codes that have a default (day_type,
+ * cpn_freq, side) report it as base + 1; for other codes -1 is simply outside the set. */
+
+/* side 1 or 2 (one-sided or two-sided); -1 (not supplied) is 591, any other value 590. */
+ORVEL_EXPORT(int32_t) ok_1or2_side(int32_t side, uint32_t* err_code);
+
+/* Business-day adjustment flag 0, 1 or 2; else 5350. */
+ORVEL_EXPORT(int32_t) ok_abd_flag(int32_t flag, uint32_t* err_code);
+
+/* Day of week 1 (Monday) .. 7 (Sunday); else 2710. */
+ORVEL_EXPORT(int32_t) ok_dow(int32_t dow, uint32_t* err_code);
+
+/* Occurrence of a weekday in a month: 1..5, or 0 for the last one; else 2720. */
+ORVEL_EXPORT(int32_t) ok_dow_occur(int32_t occur, uint32_t* err_code);
+
+/* Days in a year 360..366; else 4700. */
+ORVEL_EXPORT(int32_t) ok_days_year(int32_t days, uint32_t* err_code);
+
+/* Whole coupon periods, at least 1; else 4600. */
+ORVEL_EXPORT(int32_t) ok_full_per(int32_t periods, uint32_t* err_code);
+
+/* Days accrued, at least 0; else 11200. */
+ORVEL_EXPORT(int32_t) ok_days_acrd(int32_t days, uint32_t* err_code);
+
+/* days at least `least`; else 4800 + least (4801 for a period that must hold one day). */
+ORVEL_EXPORT(int32_t) ok_days_per(int32_t days, int32_t least, uint32_t* err_code);
+
+/* Payment delay in days, at least 0; else 6300. */
+ORVEL_EXPORT(int32_t) ok_paymt_dly(int32_t days, uint32_t* err_code);
+
+/* Balloon month, at least 0; else 11101. `term` (months) is the caller's context and is not checked. */
+ORVEL_EXPORT(int32_t) ok_balloon(int32_t months, int32_t term, uint32_t* err_code);
+
+/* Lock-out months, at least 0; else 11401. `term` is not checked. */
+ORVEL_EXPORT(int32_t) ok_lock_out(int32_t months, int32_t term, uint32_t* err_code);
+
+/* Original term in months 1..480: 6401 below, 6402 above. */
+ORVEL_EXPORT(int32_t) ok_orig_term(int32_t months, uint32_t* err_code);
+
+/* Issue-date-to-maturity days 1..600: 6401 below, 6402 above. */
+ORVEL_EXPORT(int32_t) ok_id_2_md(int32_t days, uint32_t* err_code);
+
+/* Settlement-to-maturity days 1..600: 6901 below, 6902 above. */
+ORVEL_EXPORT(int32_t) ok_sd_2_md(int32_t days, uint32_t* err_code);
+
+/* Remaining term (months) at least 1 (else 11901) and at most `term` (else 11902); a term of 0 or below
+ * means the original term is not known and sets no upper bound. */
+ORVEL_EXPORT(int32_t) ok_wam(int32_t months, int32_t term, uint32_t* err_code);
+
+/* Average life in months 0..term: 6601 below, 6602 above. */
+ORVEL_EXPORT(int32_t) ok_avg_life(int32_t months, int32_t term, uint32_t* err_code);
+
+/* Holding month 1..term: 11301 below, 11302 above. */
+ORVEL_EXPORT(int32_t) ok_hldng_mth(int32_t month, int32_t term, uint32_t* err_code);
+
+/* Month of a balance increase 0..term: 6701 below, 6702 above. */
+ORVEL_EXPORT(int32_t) ok_m_inc_bal(int32_t month, int32_t term, uint32_t* err_code);
+
+/* Month of a payment increase 0..term: 11501 below, 11502 above. */
+ORVEL_EXPORT(int32_t) ok_m_pmtinc(int32_t month, int32_t term, uint32_t* err_code);
+
+/* Pool age in months, 0 <= age < term: 6501 below 0, 6502 at or above the term. */
+ORVEL_EXPORT(int32_t) ok_pool_age(int32_t months, int32_t term, uint32_t* err_code);
+
+/* Coupon rate in percent, 0..3000 inclusive; else 4100. */
+ORVEL_EXPORT(int32_t) ok_cpn_rate(double cpn_rate, uint32_t* err_code);
+
+/* Tax rate 0..100 inclusive; else 4300. */
+ORVEL_EXPORT(int32_t) ok_tax_rate(double rate, uint32_t* err_code);
+
+/* Redemption value per 100, above 0 and finite; else 4200. */
+ORVEL_EXPORT(int32_t) ok_redemptn(double redemptn, uint32_t* err_code);
+
+/* Conversion rate, above 0 and finite; else 7100. */
+ORVEL_EXPORT(int32_t) ok_conv_rate(double rate, uint32_t* err_code);
+
+/* Length of the last coupon period, above 0 and finite; else 4410. */
+ORVEL_EXPORT(int32_t) ok_lcpn_len(double length, uint32_t* err_code);
+
+/* Pool balance, above 0 and finite; else 13100. */
+ORVEL_EXPORT(int32_t) ok_mbs_bal(double balance, uint32_t* err_code);
+
+/* Accrued interest per 100, at least 0 and finite; else 4500. */
+ORVEL_EXPORT(int32_t) ok_ai(double ai, uint32_t* err_code);
+
+/* A fraction of a coupon period (nxt_frac), at least 0 and finite; else 4400. */
+ORVEL_EXPORT(int32_t) ok_days_pcnt(double value, uint32_t* err_code);
+
+/* Pool factor, at least 0 and finite; else 13200. */
+ORVEL_EXPORT(int32_t) ok_mbs_fctr(double factor, uint32_t* err_code);
+
+/* Rate of balance increase (percent), at least 0 and finite; else 6800. */
+ORVEL_EXPORT(int32_t) ok_rt_balinc(double rate, uint32_t* err_code);
+
+/* Rate of payment increase (percent), at least 0 and finite; else 11501 (shared with ok_m_pmtinc). */
+ORVEL_EXPORT(int32_t) ok_rt_pmtinc(double rate, uint32_t* err_code);
+
+/* Sinking-fund amount, at least 0 and finite; else 5100. */
+ORVEL_EXPORT(int32_t) ok_sf_amt(double amount, uint32_t* err_code);
+
+/* Servicing fee 0 <= fee <= bound: 6201 below 0 (or NaN), 6202 above the bound (or an infinite bound). */
+ORVEL_EXPORT(int32_t) ok_srvc_fee(double fee, double bound, uint32_t* err_code);
+
+/* A given value by its kind: 1 and 11 (yields) non-zero; 2 (price) above 0 and at most 10000; 3 (discount
+ * rate) above 0 and at most 25; 4, 5 and 12 above 0; all finite. A bad value is 4000 + given_type. Kinds
+ * 6..10 and anything outside 1..12 (-1 included) are 200. */
+ORVEL_EXPORT(int32_t) ok_given(double value, int32_t given_type, uint32_t* err_code);
+
+/* A given price or spread: kind 2 a price above 0 and at most 10000 (else 4002); kind 31 a spread, any
+ * finite number (else 4031); any other kind 210. */
+ORVEL_EXPORT(int32_t) ok_given_ps(double value, int32_t given_type, uint32_t* err_code);
+
+/* A given value of an inflation-linked bond: kinds 1 and 21 (real yields) non-zero, 2 and 22 (prices) above
+ * 0 and at most 10000, all finite; a bad value is 4000 + given_type; every other kind is 200. */
+ORVEL_EXPORT(int32_t) ok_infl_gvn(double value, int32_t given_type, uint32_t* err_code);
+
+/* A prepayment speed under its model: 1 a CPR (percent a year) 0..100, else 7001; 2 an SMM (percent a
+ * month) 0..100, else 7002; 3 a PSA speed (percent of the standard ramp) below 0 is 7003, above 5000/3
+ * (a seasoned CPR above 100%) is 7004. Any other model is 700. */
+ORVEL_EXPORT(int32_t) ok_pcnt_spd(double speed, int32_t model, uint32_t* err_code);
+
+/* A prepayment schedule: one speed a month for `count` months (1..480) under model spd_type (1..3, as in
+ * ok_pcnt_spd), each speed valid for its model. Any failure is 970. */
+ORVEL_EXPORT(int32_t) ok_pps(int32_t spd_type, int32_t count, const double* speeds, uint32_t* err_code);
+
+/* A holiday table: count 0 is accepted and nothing is written. A count below 0 or above 3000 (or a null
+ * table) is 5400; each julian must lie in 1/1/1800..12/31/2300 and be above the one before, else 5401; a
+ * holiday on a Saturday or Sunday is 5403. Entries are checked in order, both tests for each. On success
+ * err_code is written 0. */
+ORVEL_EXPORT(int32_t) ok_hol_table(int32_t count, const int32_t* julians, uint32_t* err_code);
+
+/* A US Treasury payment type: 1 periodic coupons, 2 discount, 3 interest at maturity; else 505. day_type
+ * and cpn_freq of -1 take the Treasury defaults (actual/actual, semi-annual). A coupon type whose frequency
+ * is not 1, 2, 4 or 12 is 605; a day_type outside 1..13 is 705. */
+ORVEL_EXPORT(int32_t) ok_uspm_type(int32_t uspm_type, int32_t day_type, int32_t cpn_freq, uint32_t* err_code);
+
+/* ---- Security defaults ----------------------------------------------------------------------------------
+ * get_sec_dflt: the conventions of market `sec_type`. Each of the ten slots is filled with the market's
+ * default only when its pointer is not `absent` (nor null) and the word it points to holds -1; any other
+ * value is the caller's override and is kept. A market without a default for a slot leaves it as it was;
+ * an unknown sec_type leaves every slot. Slots: day_type, eom, cpn_freq, odd_day_type (day count of
+ * periods out of step with maturity), mkt_opt5, l1p_rule (2 simple interest in the last period, 1 compound
+ * throughout), mkt_opt7 .. mkt_opt10 (market options read by the families). Point every unwanted slot and
+ * `absent` at one scratch word. spare1..spare4 and err_code are accepted and never read or written: the
+ * function cannot fail. Returns sec_type.
+ *
+ *   code  day eom frq odd op5 l1p op7 op8 op9 op10      code  day eom frq odd op5 l1p op7 op8 op9 op10
+ *     3    10   1   2   .   .   .   .   .   .   .        171    5   .   .   .   .   1   .   .   .   .
+ *     4    10   1   2   .   .   .   .   .   .   .        180    5   1   1   .   .   2   .   .   .   .
+ *    10     1   1   2   .   .   .   .   .   .   .        190    1   1   1   .   .   1   .   0   .   .
+ *    11     1   1   2   .   .   .   .   .   .   .        200    5   1   1   .   .   .   .   .   .   .
+ *    12     7   1   .   .   .   .   .   .   .   .        230   12   0   2   .   .   .   .   .   .   .
+ *    20     2   0   2   .   .   .   .   .   .   .        250   12   1   .   .   .   .   5   1   .   .
+ *    30    10   1   2   .   .   .   .   .   .   .        260   13   1   2   .   .   .   .   .   2   .
+ *    40    10   1   2   .   .   .   .   .   .   .        261   13   1   1   .   .   .   .   .   1   .
+ *    90     5   1   2   .   .   2   .   .   .   .        280    5   1   2   .   .   .   .   .   .   .
+ *   100     1   1   2  12   .   2   .   .   .   .        290    5   1   1   .   .   .   .   .   .   .
+ *   110     5   1   1   .   .   2   .   .   .   .        310    1   1   2   .   .   2   .   .   .   .
+ *   120     5   1   1   .   5   1   .   .   .   .        360   12   1   .   .   .   .   1   .   .   .
+ *   140     1   1   2   .   .   .   8   .   .   .        370    5   1   1   .   .   2   .   .   .   .
+ *   160     5   1   1   .   .   .   .   .   .   .        380   10   1   1   .   .   .   .   .   .   .
+ *   170     5   .   .   .   .   .   .   .   .   .        410   12   0   2   .   .   1   .   .   .   .
+ *                                                       411   12   0   2   .   .   2   .   .   .   .
+ *                                                      4260   13   1   2   .   .   .   .   .   1   1
+ */
+ORVEL_EXPORT(int32_t) get_sec_dflt(int32_t sec_type, int32_t* day_type, int32_t* eom, int32_t* cpn_freq,
+                                   int32_t* odd_day_type, int32_t* mkt_opt5, int32_t* l1p_rule, int32_t* mkt_opt7,
+                                   int32_t* mkt_opt8, int32_t* mkt_opt9, int32_t* mkt_opt10, int32_t* absent,
+                                   int32_t* spare1, int32_t* spare2, int32_t* spare3, int32_t* spare4,
+                                   uint32_t* err_code);
+
 #endif /* ORVEL_FRAME_H */
