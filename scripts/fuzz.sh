@@ -49,7 +49,7 @@ start=$(date +%s)
 set +e
 "$fuzzer" "$build/corpus" fuzz/corpus "$seeds" \
   -timeout=1 -rss_limit_mb=2048 -max_total_time="$seconds" -print_final_stats=1 \
-  -artifact_prefix="$build/findings/" 2>&1 | tee "$build/fuzz.log" | grep -Ev '^#[0-9]+\s+(NEW|REDUCE|pulse)'
+  -artifact_prefix="$build/findings/" 2>&1 | tee "$build/fuzz.log" | grep -Ev '^#[0-9]+\s+(NEW|REDUCE|pulse)|NEW_FUNC|^"|dictionary'
 status=${PIPESTATUS[0]}
 set -e
 runs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$build/fuzz.log")
