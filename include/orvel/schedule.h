@@ -169,4 +169,78 @@ ORVEL_EXPORT(void) per_lcd(int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t 
                            int32_t last_d, int32_t last_y, int32_t day_type, int32_t eom, int32_t cpn_freq,
                            int32_t* lcd_m, int32_t* lcd_d, int32_t* lcd_y, int32_t validate, uint32_t* err_code);
 
+/* Day counts of an odd first period (dated -> first_cpn) at settlement before the first coupon, as doubles;
+ * returns dr. The odd period is measured against the regular period it stands in for, the quasi-coupon
+ * period that ends at first_cpn (first_cpn one period back -> first_cpn):
+ *   da    days dated -> settle under day_type
+ *   dp    days of that regular period by the family rule of per2dp_da_dr (360 / cpn_freq for 30/360)
+ *   dr    days settle -> first_cpn under day_type (code 13: without 29 February)
+ *   nper  whole regular periods from first_cpn to mat
+ *   frac  1 when settle lies after dated, 0 on dated itself
+ * so (da + dr) / dp is the first coupon in regular coupons (above 1 for a long first period).
+ * Errors with validate: 500/501, 600/601; date errors with roles (settle 7, mat 1, dated 2, first_cpn 3,
+ * all required); 2027 dated after settle; 2173 settle not before first_cpn; 2031 first_cpn after mat.
+ * 0.0 on failure, nothing written. */
+ORVEL_EXPORT(double) d_oddperinfo(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
+                                  int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
+                                  int32_t first_m, int32_t first_d, int32_t first_y, int32_t day_type, int32_t eom,
+                                  int32_t cpn_freq, double* da, double* dp, double* dr, double* nper, double* frac,
+                                  int32_t validate, uint32_t* err_code);
+
+/* Day counts of an odd last period (last_cpn -> mat) at settlement inside it, as doubles; returns dr.
+ * Measured against the regular period that starts at last_cpn (last_cpn -> last_cpn one period on):
+ *   da    days last_cpn -> settle under day_type
+ *   dp    days of that regular period by the family rule of per2dp_da_dr
+ *   dr    days settle -> mat under day_type (code 13: without 29 February)
+ *   nper  0 (no coupon follows maturity); frac 1 when settle lies after last_cpn, 0 on it
+ * so dr / dp is the final period still to run in regular periods.
+ * Errors with validate: 500/501, 600/601; date errors with roles (settle 7, mat 1, last_cpn 6, all
+ * required); 2067 last_cpn after settle; 2171 settle not before mat. 0.0 on failure, nothing written. */
+ORVEL_EXPORT(double) d_lstperinfo(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
+                                  int32_t mat_d, int32_t mat_y, int32_t last_m, int32_t last_d, int32_t last_y,
+                                  int32_t day_type, int32_t eom, int32_t cpn_freq, double* da, double* dp, double* dr,
+                                  double* nper, double* frac, int32_t validate, uint32_t* err_code);
+
+/* ---- Coupon lists and distances in periods ----------------------------------------------------------- */
+
+/* Every coupon date after settle, oldest first, into the caller's arrays: first_cpn (when settlement
+ * precedes it), the regular dates stepped back from the anchor (last_cpn when given, else mat), and mat
+ * after a last regular coupon. Returns the number of dates and writes it to *count.
+ *   settle, mat              dates; first_cpn, last_cpn optional (blank: none)
+ *   eom, cpn_freq            conventions
+ *   capacity                 elements available in each of months[], days[], years[]
+ * Settlement on or after maturity (without validation) gives no dates.
+ * Errors: 13000 when capacity is below the number of dates: *count still receives the number needed
+ * (so a call with capacity 0 sizes the arrays), the arrays are untouched, the result is 0.
+ * With validate, first: 600/601; date errors with roles (settle 7, mat 1, first_cpn 3, last_cpn 6); 2171
+ * settle not before mat; 2036 first_cpn after last_cpn; 2161 last_cpn not before mat (nothing written). */
+ORVEL_EXPORT(int32_t) all_cpn_dts(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
+                                  int32_t mat_d, int32_t mat_y, int32_t first_m, int32_t first_d, int32_t first_y,
+                                  int32_t last_m, int32_t last_d, int32_t last_y, int32_t eom, int32_t cpn_freq,
+                                  int32_t capacity, int32_t* months, int32_t* days, int32_t* years, int32_t* count,
+                                  int32_t validate, uint32_t* err_code);
+
+/* Coupon periods from d1 to d2 as a fraction, on the regular schedule anchored on d2: the whole periods
+ * plus, when d1 lies inside a period, dr / dp of that period (reg_per_info under day_type). A d1 after d2
+ * (without validation) gives the negative of the reverse distance; equal dates 0.
+ * Errors with validate: 500/501, 600/601, the ok_MDY errors (no role), 2000 d1 after d2. 0.0 on failure. */
+ORVEL_EXPORT(double) num_dper(int32_t d1_m, int32_t d1_d, int32_t d1_y, int32_t d2_m, int32_t d2_d, int32_t d2_y,
+                              int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t validate, uint32_t* err_code);
+
+/* Years from d1 to d2 counted in coupon periods: num_dper / cpn_freq (a cpn_freq below 1 as 1). Same
+ * arguments, checks and errors as num_dper. */
+ORVEL_EXPORT(double) num_yrs(int32_t d1_m, int32_t d1_d, int32_t d1_y, int32_t d2_m, int32_t d2_d, int32_t d2_y,
+                             int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t validate, uint32_t* err_code);
+
+/* Coupon interest earned from d1 to d2 by a holding of a regular bond maturing at mat, per 100 of face
+ * when cpn_rate is in percent: the rest of d1's coupon period, each whole period between, and the accrued
+ * part of d2's period, each part as a fraction of its own period (per2dp_da_dr under day_type) times
+ * cpn_rate / cpn_freq. Coupons paid in between count as earned. d1 after d2 (without validation) gives the
+ * negative of the reverse.
+ * Errors with validate: 500/501, 600/601, 4100 cpn_rate outside 0..3000 (NaN too), date errors with roles
+ * (d1 7, d2 8, mat 1), 2078 d1 after d2, 2081 d2 after mat. 0.0 on failure. */
+ORVEL_EXPORT(double) i_earn_MDYs(int32_t d1_m, int32_t d1_d, int32_t d1_y, int32_t d2_m, int32_t d2_d, int32_t d2_y,
+                                 int32_t mat_m, int32_t mat_d, int32_t mat_y, double cpn_rate, int32_t day_type,
+                                 int32_t eom, int32_t cpn_freq, int32_t validate, uint32_t* err_code);
+
 #endif /* ORVEL_SCHEDULE_H */
