@@ -53,93 +53,109 @@
 #define ORVEL_ERROR_TABLE(X)                                                                        \
     X(ORVEL_E_SELECTOR, 200, "a selector or code argument is outside its set")                     \
     X(ORVEL_E_GIVEN_PS, 210, "the price/spread selector is not allowed")                           \
-    X(ORVEL_E_SEC_TYPE, 300, "security type or method not known")                                   \
-    X(ORVEL_E_DAY_TYPE, 500, "day-count code (day_type) not 1..13")                                 \
-    X(ORVEL_E_DAY_TYPE_MISSING, 501, "day-count code (day_type) not supplied (-1)")                 \
-    X(ORVEL_E_USPM_TYPE1, 505, "payment-type code invalid")                                         \
-    X(ORVEL_E_SIDE, 590, "side code not 1 or 2")                                                    \
-    X(ORVEL_E_SIDE_MISSING, 591, "side code not supplied (-1)")                                     \
-    X(ORVEL_E_CPN_FREQ, 600, "coupon frequency (cpn_freq) not 1, 2, 4 or 12")                       \
-    X(ORVEL_E_CPN_FREQ_MISSING, 601, "coupon frequency (cpn_freq) not supplied (-1)")               \
-    X(ORVEL_E_USPM_TYPE2, 605, "payment-type code does not fit the frequency")                      \
-    X(ORVEL_E_PCNT_SPD_MODEL, 700, "prepayment model code not known")                               \
-    X(ORVEL_E_USPM_TYPE3, 705, "payment-type code does not fit the security")                       \
-    X(ORVEL_E_PPS, 970, "prepayment schedule invalid")                                              \
-    X(ORVEL_E_EX_TYPE, 960, "ex-dividend rule code (ex_type) not 0, 1 or 2")                        \
-    X(ORVEL_E_YEAR, 1100, "year outside 1800..2300")                                                \
-    X(ORVEL_E_MONTH, 1200, "month outside 1..12")                                                   \
-    X(ORVEL_E_DAY, 1300, "day outside 1..last day of the month")                                    \
-    X(ORVEL_E_BLANK, 1500, "a required date is blank")                                              \
-    X(ORVEL_E_EXDIV, 1609, "ex-dividend date outside the coupon period of settlement")              \
-    X(ORVEL_E_NOT_LE, 2000, "date must not be after the other")                                     \
-    X(ORVEL_E_NOT_LT, 2100, "date must be before the other")                                        \
+    X(ORVEL_E_SEC_TYPE, 300, "security type or method not known")                                  \
+    X(ORVEL_E_DAY_TYPE, 500, "day-count code (day_type) not 1..13")                                \
+    X(ORVEL_E_DAY_TYPE_MISSING, 501, "day-count code (day_type) not supplied (-1)")                \
+    X(ORVEL_E_USPM_TYPE1, 505, "payment-type code invalid")                                        \
+    X(ORVEL_E_FLT_CODE, 535, "floating-rate input code outside its set")                           \
+    X(ORVEL_E_SIDE, 590, "side code not 1 or 2")                                                   \
+    X(ORVEL_E_SIDE_MISSING, 591, "side code not supplied (-1)")                                    \
+    X(ORVEL_E_CPN_FREQ, 600, "coupon frequency (cpn_freq) not 1, 2, 4 or 12")                      \
+    X(ORVEL_E_CPN_FREQ_MISSING, 601, "coupon frequency (cpn_freq) not supplied (-1)")              \
+    X(ORVEL_E_USPM_TYPE2, 605, "payment-type code does not fit the frequency")                     \
+    X(ORVEL_E_FLT_FREQ, 650, "floating-rate reset frequency invalid")                              \
+    X(ORVEL_E_PCNT_SPD_MODEL, 700, "prepayment model code not known")                              \
+    X(ORVEL_E_USPM_TYPE3, 705, "payment-type code does not fit the security")                      \
+    X(ORVEL_E_PPS, 970, "prepayment schedule invalid")                                             \
+    X(ORVEL_E_EX_TYPE, 960, "ex-dividend rule code (ex_type) not 0, 1 or 2")                       \
+    X(ORVEL_E_YEAR, 1100, "year outside 1800..2300")                                               \
+    X(ORVEL_E_MONTH, 1200, "month outside 1..12")                                                  \
+    X(ORVEL_E_DAY, 1300, "day outside 1..last day of the month")                                   \
+    X(ORVEL_E_BLANK, 1500, "a required date is blank")                                             \
+    X(ORVEL_E_EXDIV, 1609, "ex-dividend date outside the coupon period of settlement")             \
+    X(ORVEL_E_NOT_LE, 2000, "date must not be after the other")                                    \
+    X(ORVEL_E_NOT_LT, 2100, "date must be before the other")                                       \
     X(ORVEL_E_EXDIV_ORDER, 2191, "ex-dividend date must be before maturity")                       \
-    X(ORVEL_E_SYNC, 2200, "dates not on one coupon cycle")                                          \
-    X(ORVEL_E_LT_MDY, 2281, "date not a whole number of coupon periods before the other")           \
-    X(ORVEL_E_FRN_DATES, 2600, "floating-rate note schedule inconsistent")                          \
-    X(ORVEL_E_DOW, 2710, "day of week not 1..7")                                                    \
-    X(ORVEL_E_DOW_OCCUR, 2720, "occurrence of a weekday in a month not 0..5")                       \
-    X(ORVEL_E_NEG_BASE, 4090, "1 + yield per period is negative: no price")                         \
-    X(ORVEL_E_CPN_RATE, 4100, "coupon rate outside 0..3000")                                        \
-    X(ORVEL_E_CPN_AMT, 4101, "next coupon amount outside 0..3000")                                  \
-    X(ORVEL_E_REDEMPTN, 4200, "redemption value not positive")                                      \
-    X(ORVEL_E_TAX_RATE, 4300, "tax rate outside 0..100")                                            \
-    X(ORVEL_E_TAX1, 4301, "first tax rate outside 0..100")                                          \
-    X(ORVEL_E_TAX2, 4302, "second tax rate outside 0..100")                                         \
+    X(ORVEL_E_SYNC, 2200, "dates not on one coupon cycle")                                         \
+    X(ORVEL_E_ODD_SYNC, 2206, "odd-period dates not on one coupon cycle")                          \
+    X(ORVEL_E_LT_MDY, 2281, "date not a whole number of coupon periods before the other")          \
+    X(ORVEL_E_FRN_DATES, 2600, "floating-rate note schedule inconsistent")                         \
+    X(ORVEL_E_DOW, 2710, "day of week not 1..7")                                                   \
+    X(ORVEL_E_DOW_OCCUR, 2720, "occurrence of a weekday in a month not 0..5")                      \
+    X(ORVEL_E_ODD_PERIOD1, 2851, "odd coupon-period dates inconsistent (check 1)")                 \
+    X(ORVEL_E_ODD_PERIOD2, 2852, "odd coupon-period dates inconsistent (check 2)")                 \
+    X(ORVEL_E_ODD_PERIOD3, 2853, "odd coupon-period dates inconsistent (check 3)")                 \
+    X(ORVEL_E_ODD_PERIOD4, 2854, "odd coupon-period dates inconsistent (check 4)")                 \
+    X(ORVEL_E_ODD_PERIOD5, 2855, "odd coupon-period dates inconsistent (check 5)")                 \
+    X(ORVEL_E_ODD_PERIOD6, 2856, "odd coupon-period dates inconsistent (check 6)")                 \
+    X(ORVEL_E_NEG_BASE, 4090, "1 + yield per period is negative: no price")                        \
+    X(ORVEL_E_CPN_RATE, 4100, "coupon rate outside 0..3000")                                       \
+    X(ORVEL_E_CPN_AMT, 4101, "next coupon amount outside 0..3000")                                 \
+    X(ORVEL_E_REDEMPTN, 4200, "redemption value not positive")                                     \
+    X(ORVEL_E_TAX_RATE, 4300, "tax rate outside 0..100")                                           \
+    X(ORVEL_E_TAX1, 4301, "first tax rate outside 0..100")                                         \
+    X(ORVEL_E_TAX2, 4302, "second tax rate outside 0..100")                                        \
     X(ORVEL_E_DAYS_PCNT, 4400, "fraction of a period (nxt_frac) negative, or zero in a final-period kernel") \
-    X(ORVEL_E_LCPN_LEN, 4410, "last coupon length not positive")                                    \
-    X(ORVEL_E_AI, 4500, "accrued interest negative")                                                \
-    X(ORVEL_E_FULL_PER, 4600, "number of whole periods below 1")                                    \
-    X(ORVEL_E_DAYS_YEAR, 4700, "days in the year not 360..366")                                     \
-    X(ORVEL_E_SF_AMT, 5100, "sinking-fund amount negative")                                         \
-    X(ORVEL_E_DOY, 5103, "day of year not 1..366")                                                  \
-    X(ORVEL_E_DOY_YEAR, 5104, "year of day-of-year outside 1800..2300")                             \
-    X(ORVEL_E_NEG_YEARS, 5200, "negative number of years")                                          \
-    X(ORVEL_E_MAINT_ACTION, 5310, "date-list action code not 1, -1 or -2")                          \
-    X(ORVEL_E_ABD_FLAG, 5350, "business-day flag not 0, 1 or 2")                                    \
-    X(ORVEL_E_HOL_COUNT, 5400, "holiday count outside 0..3000")                                     \
-    X(ORVEL_E_HOL_ORDER, 5401, "holiday outside 1800..2300 or not after the one before")            \
-    X(ORVEL_E_HOL_WEEKEND, 5403, "holiday on a Saturday or Sunday")                                 \
-    X(ORVEL_E_SRVC_FEE_LOW, 6201, "servicing fee below 0")                                          \
-    X(ORVEL_E_SRVC_FEE_HIGH, 6202, "servicing fee above its bound")                                 \
-    X(ORVEL_E_PAYMT_DLY, 6300, "payment delay negative")                                            \
-    X(ORVEL_E_TERM_LOW, 6401, "term below its lower bound")                                         \
-    X(ORVEL_E_TERM_HIGH, 6402, "term above its upper bound")                                        \
-    X(ORVEL_E_POOL_AGE_LOW, 6501, "pool age negative")                                              \
-    X(ORVEL_E_POOL_AGE_HIGH, 6502, "pool age not below the term")                                   \
-    X(ORVEL_E_AVG_LIFE_LOW, 6601, "average life negative")                                          \
-    X(ORVEL_E_AVG_LIFE_HIGH, 6602, "average life above the term")                                   \
-    X(ORVEL_E_M_INC_BAL_LOW, 6701, "month of balance increase negative")                            \
-    X(ORVEL_E_M_INC_BAL_HIGH, 6702, "month of balance increase above the term")                     \
-    X(ORVEL_E_RT_BALINC, 6800, "rate of balance increase negative")                                 \
-    X(ORVEL_E_SD_2_MD_LOW, 6901, "days to maturity below 1")                                        \
-    X(ORVEL_E_SD_2_MD_HIGH, 6902, "days to maturity above 600")                                     \
-    X(ORVEL_E_PCNT_SPD1, 7001, "prepayment speed invalid for the model")                            \
-    X(ORVEL_E_PCNT_SPD2, 7002, "prepayment speed invalid for the model")                            \
-    X(ORVEL_E_PCNT_SPD3, 7003, "prepayment speed invalid for the model")                            \
-    X(ORVEL_E_PCNT_SPD4, 7004, "prepayment speed invalid for the model")                            \
-    X(ORVEL_E_CONV_RATE, 7100, "conversion rate not positive")                                      \
-    X(ORVEL_E_LIST_ORDER1, 7701, "first date list not in ascending order")                          \
-    X(ORVEL_E_LIST_ORDER2, 7702, "second date list not in ascending order")                         \
-    X(ORVEL_E_ER_IN, 8510, "effective-rate inputs invalid")                                         \
+    X(ORVEL_E_LCPN_LEN, 4410, "last coupon length not positive")                                   \
+    X(ORVEL_E_AI, 4500, "accrued interest negative")                                               \
+    X(ORVEL_E_FULL_PER, 4600, "number of whole periods below 1")                                   \
+    X(ORVEL_E_DAYS_YEAR, 4700, "days in the year not 360..366")                                    \
+    X(ORVEL_E_SF_AMT, 5100, "sinking-fund amount negative")                                        \
+    X(ORVEL_E_DOY, 5103, "day of year not 1..366")                                                 \
+    X(ORVEL_E_DOY_YEAR, 5104, "year of day-of-year outside 1800..2300")                            \
+    X(ORVEL_E_NEG_YEARS, 5200, "negative number of years")                                         \
+    X(ORVEL_E_MAINT_ACTION, 5310, "date-list action code not 1, -1 or -2")                         \
+    X(ORVEL_E_ABD_FLAG, 5350, "business-day flag not 0, 1 or 2")                                   \
+    X(ORVEL_E_HOL_COUNT, 5400, "holiday count outside 0..3000")                                    \
+    X(ORVEL_E_HOL_ORDER, 5401, "holiday outside 1800..2300 or not after the one before")           \
+    X(ORVEL_E_HOL_WEEKEND, 5403, "holiday on a Saturday or Sunday")                                \
+    X(ORVEL_E_BD_SCHEDULE1, 5410, "business-day adjusted schedule inconsistent (check 1)")         \
+    X(ORVEL_E_BD_SCHEDULE2, 5411, "business-day adjusted schedule inconsistent (check 2)")         \
+    X(ORVEL_E_BD_SCHEDULE3, 5412, "business-day adjusted schedule inconsistent (check 3)")         \
+    X(ORVEL_E_BD_SCHEDULE4, 5413, "business-day adjusted schedule inconsistent (check 4)")         \
+    X(ORVEL_E_SRVC_FEE_LOW, 6201, "servicing fee below 0")                                         \
+    X(ORVEL_E_SRVC_FEE_HIGH, 6202, "servicing fee above its bound")                                \
+    X(ORVEL_E_PAYMT_DLY, 6300, "payment delay negative")                                           \
+    X(ORVEL_E_TERM_LOW, 6401, "term below its lower bound")                                        \
+    X(ORVEL_E_TERM_HIGH, 6402, "term above its upper bound")                                       \
+    X(ORVEL_E_POOL_AGE_LOW, 6501, "pool age negative")                                             \
+    X(ORVEL_E_POOL_AGE_HIGH, 6502, "pool age not below the term")                                  \
+    X(ORVEL_E_AVG_LIFE_LOW, 6601, "average life negative")                                         \
+    X(ORVEL_E_AVG_LIFE_HIGH, 6602, "average life above the term")                                  \
+    X(ORVEL_E_M_INC_BAL_LOW, 6701, "month of balance increase negative")                           \
+    X(ORVEL_E_M_INC_BAL_HIGH, 6702, "month of balance increase above the term")                    \
+    X(ORVEL_E_RT_BALINC, 6800, "rate of balance increase negative")                                \
+    X(ORVEL_E_SD_2_MD_LOW, 6901, "days to maturity below 1")                                       \
+    X(ORVEL_E_SD_2_MD_HIGH, 6902, "days to maturity above 600")                                    \
+    X(ORVEL_E_PCNT_SPD1, 7001, "prepayment speed invalid for the model")                           \
+    X(ORVEL_E_PCNT_SPD2, 7002, "prepayment speed invalid for the model")                           \
+    X(ORVEL_E_PCNT_SPD3, 7003, "prepayment speed invalid for the model")                           \
+    X(ORVEL_E_PCNT_SPD4, 7004, "prepayment speed invalid for the model")                           \
+    X(ORVEL_E_CONV_RATE, 7100, "conversion rate not positive")                                     \
+    X(ORVEL_E_LIST_ORDER1, 7701, "first date list not in ascending order")                         \
+    X(ORVEL_E_LIST_ORDER2, 7702, "second date list not in ascending order")                        \
+    X(ORVEL_E_ER_IN, 8510, "effective-rate inputs invalid")                                        \
     X(ORVEL_E_SOLVER, 9020, "the solver did not converge (degenerate step, value not finite, or 1000 iterations)") \
-    X(ORVEL_E_FLT_CPN_COUNT, 10040, "floating-rate coupon count not positive")                      \
-    X(ORVEL_E_FLT_RST_COUNT, 10041, "floating-rate reset count not positive")                       \
-    X(ORVEL_E_FLT_RST_ORDER, 10045, "floating-rate reset dates out of order")                       \
-    X(ORVEL_E_FLT_FIRST, 10046, "first floating-rate list date after the reference date")           \
-    X(ORVEL_E_FLT_LAST, 10047, "reference date not before the last floating-rate list date")        \
-    X(ORVEL_E_BALLOON, 11101, "balloon month negative")                                             \
-    X(ORVEL_E_DAYS_ACRD, 11200, "days accrued negative")                                            \
-    X(ORVEL_E_HLDNG_MTH_LOW, 11301, "holding month below 1")                                        \
-    X(ORVEL_E_HLDNG_MTH_HIGH, 11302, "holding month above the term")                                \
-    X(ORVEL_E_LOCK_OUT, 11401, "lock-out months negative")                                          \
-    X(ORVEL_E_PMTINC_LOW, 11501, "payment increase rate or month negative")                         \
-    X(ORVEL_E_PMTINC_HIGH, 11502, "month of payment increase above the term")                       \
-    X(ORVEL_E_WAM_LOW, 11901, "remaining term below 1")                                             \
-    X(ORVEL_E_WAM_HIGH, 11902, "remaining term above the original term")                            \
-    X(ORVEL_E_MBS_BAL, 13100, "balance not positive")                                               \
-    X(ORVEL_E_MBS_FCTR, 13200, "pool factor negative")                                              \
-    X(ORVEL_E_FACE, 14100, "face amount negative")                                                  \
+    X(ORVEL_E_FLT_CPN_COUNT, 10040, "floating-rate coupon count not positive")                     \
+    X(ORVEL_E_FLT_RST_COUNT, 10041, "floating-rate reset count not positive")                      \
+    X(ORVEL_E_FLT_INPUT2, 10042, "floating-rate coupon or reset inputs inconsistent")              \
+    X(ORVEL_E_FLT_INPUT3, 10043, "floating-rate coupon or reset inputs inconsistent")              \
+    X(ORVEL_E_FLT_INPUT4, 10044, "floating-rate coupon or reset inputs inconsistent")              \
+    X(ORVEL_E_FLT_RST_ORDER, 10045, "floating-rate reset dates out of order")                      \
+    X(ORVEL_E_FLT_FIRST, 10046, "first floating-rate list date after the reference date")          \
+    X(ORVEL_E_FLT_LAST, 10047, "reference date not before the last floating-rate list date")       \
+    X(ORVEL_E_BALLOON, 11101, "balloon month negative")                                            \
+    X(ORVEL_E_DAYS_ACRD, 11200, "days accrued negative")                                           \
+    X(ORVEL_E_HLDNG_MTH_LOW, 11301, "holding month below 1")                                       \
+    X(ORVEL_E_HLDNG_MTH_HIGH, 11302, "holding month above the term")                               \
+    X(ORVEL_E_LOCK_OUT, 11401, "lock-out months negative")                                         \
+    X(ORVEL_E_PMTINC_LOW, 11501, "payment increase rate or month negative")                        \
+    X(ORVEL_E_PMTINC_HIGH, 11502, "month of payment increase above the term")                      \
+    X(ORVEL_E_WAM_LOW, 11901, "remaining term below 1")                                            \
+    X(ORVEL_E_WAM_HIGH, 11902, "remaining term above the original term")                           \
+    X(ORVEL_E_MBS_BAL, 13100, "balance not positive")                                              \
+    X(ORVEL_E_MBS_FCTR, 13200, "pool factor negative")                                             \
+    X(ORVEL_E_FACE, 14100, "face amount negative")                                                 \
     X(ORVEL_E_SF_IN, 14300, "sinking-fund inputs invalid")
 
 #define ORVEL_ERROR_ENUM_(name, number, meaning) name = number,
@@ -212,5 +228,179 @@ ORVEL_EXPORT(int32_t) ok_day_type(int32_t day_type, uint32_t* err_code);
 
 /* cpn_freq 1, 2, 4 or 12; -1 (not supplied) is 601, any other value 600. */
 ORVEL_EXPORT(int32_t) ok_cpn_freq(int32_t cpn_freq, uint32_t* err_code);
+
+/* ---- Validators of codes, counts and amounts -------------------------------------------------------------
+ * One value (and, where named, its bound) against a range or a set. Each returns 1 or writes its number and
+ * returns 0. Every range test of a double also fails for NaN and for both infinities, with the same number.
+ * A code of -1 is a convention left to the market default: the codes that have a default (day_type,
+ * cpn_freq, side) report it as base + 1; for other codes -1 is simply outside the set. */
+
+/* side 1 or 2 (one-sided or two-sided); -1 (not supplied) is 591, any other value 590. */
+ORVEL_EXPORT(int32_t) ok_1or2_side(int32_t side, uint32_t* err_code);
+
+/* Business-day adjustment flag 0, 1 or 2; else 5350. */
+ORVEL_EXPORT(int32_t) ok_abd_flag(int32_t flag, uint32_t* err_code);
+
+/* Day of week 1 (Monday) .. 7 (Sunday); else 2710. */
+ORVEL_EXPORT(int32_t) ok_dow(int32_t dow, uint32_t* err_code);
+
+/* Occurrence of a weekday in a month: 1..5, or 0 for the last one; else 2720. */
+ORVEL_EXPORT(int32_t) ok_dow_occur(int32_t occur, uint32_t* err_code);
+
+/* Days in a year 360..366; else 4700. */
+ORVEL_EXPORT(int32_t) ok_days_year(int32_t days, uint32_t* err_code);
+
+/* Whole coupon periods, at least 1; else 4600. */
+ORVEL_EXPORT(int32_t) ok_full_per(int32_t periods, uint32_t* err_code);
+
+/* Days accrued, at least 0; else 11200. */
+ORVEL_EXPORT(int32_t) ok_days_acrd(int32_t days, uint32_t* err_code);
+
+/* days at least `least`; else 4800 + least (4801 for a period that must hold one day). */
+ORVEL_EXPORT(int32_t) ok_days_per(int32_t days, int32_t least, uint32_t* err_code);
+
+/* Payment delay in days, at least 0; else 6300. */
+ORVEL_EXPORT(int32_t) ok_paymt_dly(int32_t days, uint32_t* err_code);
+
+/* Balloon month, at least 0; else 11101. `term` (months) is the caller's context and is not checked. */
+ORVEL_EXPORT(int32_t) ok_balloon(int32_t months, int32_t term, uint32_t* err_code);
+
+/* Lock-out months, at least 0; else 11401. `term` is not checked. */
+ORVEL_EXPORT(int32_t) ok_lock_out(int32_t months, int32_t term, uint32_t* err_code);
+
+/* Original term in months 1..480: 6401 below, 6402 above. */
+ORVEL_EXPORT(int32_t) ok_orig_term(int32_t months, uint32_t* err_code);
+
+/* Issue-date-to-maturity days 1..600: 6401 below, 6402 above. */
+ORVEL_EXPORT(int32_t) ok_id_2_md(int32_t days, uint32_t* err_code);
+
+/* Settlement-to-maturity days 1..600: 6901 below, 6902 above. */
+ORVEL_EXPORT(int32_t) ok_sd_2_md(int32_t days, uint32_t* err_code);
+
+/* Remaining term (months) at least 1 (else 11901) and at most `term` (else 11902); a term of 0 or below
+ * means the original term is not known and sets no upper bound. */
+ORVEL_EXPORT(int32_t) ok_wam(int32_t months, int32_t term, uint32_t* err_code);
+
+/* Average life in months 0..term: 6601 below, 6602 above. */
+ORVEL_EXPORT(int32_t) ok_avg_life(int32_t months, int32_t term, uint32_t* err_code);
+
+/* Holding month 1..term: 11301 below, 11302 above. */
+ORVEL_EXPORT(int32_t) ok_hldng_mth(int32_t month, int32_t term, uint32_t* err_code);
+
+/* Month of a balance increase 0..term: 6701 below, 6702 above. */
+ORVEL_EXPORT(int32_t) ok_m_inc_bal(int32_t month, int32_t term, uint32_t* err_code);
+
+/* Month of a payment increase 0..term: 11501 below, 11502 above. */
+ORVEL_EXPORT(int32_t) ok_m_pmtinc(int32_t month, int32_t term, uint32_t* err_code);
+
+/* Pool age in months, 0 <= age < term: 6501 below 0, 6502 at or above the term. */
+ORVEL_EXPORT(int32_t) ok_pool_age(int32_t months, int32_t term, uint32_t* err_code);
+
+/* Coupon rate in percent, 0..3000 inclusive; else 4100. */
+ORVEL_EXPORT(int32_t) ok_cpn_rate(double cpn_rate, uint32_t* err_code);
+
+/* Tax rate 0..100 inclusive; else 4300. */
+ORVEL_EXPORT(int32_t) ok_tax_rate(double rate, uint32_t* err_code);
+
+/* Redemption value per 100, above 0 and finite; else 4200. */
+ORVEL_EXPORT(int32_t) ok_redemptn(double redemptn, uint32_t* err_code);
+
+/* Conversion rate, above 0 and finite; else 7100. */
+ORVEL_EXPORT(int32_t) ok_conv_rate(double rate, uint32_t* err_code);
+
+/* Length of the last coupon period, above 0 and finite; else 4410. */
+ORVEL_EXPORT(int32_t) ok_lcpn_len(double length, uint32_t* err_code);
+
+/* Pool balance, above 0 and finite; else 13100. */
+ORVEL_EXPORT(int32_t) ok_mbs_bal(double balance, uint32_t* err_code);
+
+/* Accrued interest per 100, at least 0 and finite; else 4500. */
+ORVEL_EXPORT(int32_t) ok_ai(double ai, uint32_t* err_code);
+
+/* A fraction of a coupon period (nxt_frac), at least 0 and finite; else 4400. */
+ORVEL_EXPORT(int32_t) ok_days_pcnt(double value, uint32_t* err_code);
+
+/* Pool factor, at least 0 and finite; else 13200. */
+ORVEL_EXPORT(int32_t) ok_mbs_fctr(double factor, uint32_t* err_code);
+
+/* Rate of balance increase (percent), at least 0 and finite; else 6800. */
+ORVEL_EXPORT(int32_t) ok_rt_balinc(double rate, uint32_t* err_code);
+
+/* Rate of payment increase (percent), at least 0 and finite; else 11501 (shared with ok_m_pmtinc). */
+ORVEL_EXPORT(int32_t) ok_rt_pmtinc(double rate, uint32_t* err_code);
+
+/* Sinking-fund amount, at least 0 and finite; else 5100. */
+ORVEL_EXPORT(int32_t) ok_sf_amt(double amount, uint32_t* err_code);
+
+/* Servicing fee 0 <= fee <= bound: 6201 below 0 (or NaN), 6202 above the bound (or an infinite bound). */
+ORVEL_EXPORT(int32_t) ok_srvc_fee(double fee, double bound, uint32_t* err_code);
+
+/* A given value by its kind: 1 and 11 (yields) non-zero; 2 (price) above 0 and at most 10000; 3 (discount
+ * rate) above 0 and at most 25; 4, 5 and 12 above 0; all finite. A bad value is 4000 + given_type. Kinds
+ * 6..10 and anything outside 1..12 (-1 included) are 200. */
+ORVEL_EXPORT(int32_t) ok_given(double value, int32_t given_type, uint32_t* err_code);
+
+/* A given price or spread: kind 2 a price above 0 and at most 10000 (else 4002); kind 31 a spread, any
+ * finite number (else 4031); any other kind 210. */
+ORVEL_EXPORT(int32_t) ok_given_ps(double value, int32_t given_type, uint32_t* err_code);
+
+/* A given value of an inflation-linked bond: kinds 1 and 21 (real yields) non-zero, 2 and 22 (prices) above
+ * 0 and at most 10000, all finite; a bad value is 4000 + given_type; every other kind is 200. */
+ORVEL_EXPORT(int32_t) ok_infl_gvn(double value, int32_t given_type, uint32_t* err_code);
+
+/* A prepayment speed under its model: 1 a CPR (percent a year) 0..100, else 7001; 2 an SMM (percent a
+ * month) 0..100, else 7002; 3 a PSA speed (percent of the standard ramp) below 0 is 7003, above 5000/3
+ * (a seasoned CPR above 100%) is 7004. Any other model is 700. */
+ORVEL_EXPORT(int32_t) ok_pcnt_spd(double speed, int32_t model, uint32_t* err_code);
+
+/* A prepayment schedule: one speed a month for `count` months (1..480) under model spd_type (1..3, as in
+ * ok_pcnt_spd), each speed valid for its model. Any failure is 970. */
+ORVEL_EXPORT(int32_t) ok_pps(int32_t spd_type, int32_t count, const double* speeds, uint32_t* err_code);
+
+/* A holiday table: count 0 is accepted and nothing is written. A count below 0 or above 3000 (or a null
+ * table) is 5400; each julian must lie in 1/1/1800..12/31/2300 and be above the one before, else 5401; a
+ * holiday on a Saturday or Sunday is 5403. Entries are checked in order, both tests for each. On success
+ * err_code is written 0. */
+ORVEL_EXPORT(int32_t) ok_hol_table(int32_t count, const int32_t* julians, uint32_t* err_code);
+
+/* A US Treasury payment type: 1 periodic coupons, 2 discount, 3 interest at maturity; else 505. day_type
+ * and cpn_freq of -1 take the Treasury defaults (actual/actual, semi-annual). A coupon type whose frequency
+ * is not 1, 2, 4 or 12 is 605; a day_type outside 1..13 is 705. */
+ORVEL_EXPORT(int32_t) ok_uspm_type(int32_t uspm_type, int32_t day_type, int32_t cpn_freq, uint32_t* err_code);
+
+/* ---- Security defaults ----------------------------------------------------------------------------------
+ * get_sec_dflt: the conventions of market `sec_type`. Each of the ten slots is filled with the market's
+ * default only when its pointer is not `absent` (nor null) and the word it points to holds -1; any other
+ * value is the caller's override and is kept. A market without a default for a slot leaves it as it was;
+ * an unknown sec_type leaves every slot. Slots: day_type, eom, cpn_freq, odd_day_type (day count of
+ * periods out of step with maturity), mkt_opt5, l1p_rule (2 simple interest in the last period, 1 compound
+ * throughout), mkt_opt7 .. mkt_opt10 (market options read by the families). Point every unwanted slot and
+ * `absent` at one scratch word. spare1..spare4 and err_code are accepted and never read or written: the
+ * function cannot fail. Returns sec_type.
+ *
+ *   code  day eom frq odd op5 l1p op7 op8 op9 op10      code  day eom frq odd op5 l1p op7 op8 op9 op10
+ *     3    10   1   2   .   .   .   .   .   .   .        171    5   .   .   .   .   1   .   .   .   .
+ *     4    10   1   2   .   .   .   .   .   .   .        180    5   1   1   .   .   2   .   .   .   .
+ *    10     1   1   2   .   .   .   .   .   .   .        190    1   1   1   .   .   1   .   0   .   .
+ *    11     1   1   2   .   .   .   .   .   .   .        200    5   1   1   .   .   .   .   .   .   .
+ *    12     7   1   .   .   .   .   .   .   .   .        230   12   0   2   .   .   .   .   .   .   .
+ *    20     2   0   2   .   .   .   .   .   .   .        250   12   1   .   .   .   .   5   1   .   .
+ *    30    10   1   2   .   .   .   .   .   .   .        260   13   1   2   .   .   .   .   .   2   .
+ *    40    10   1   2   .   .   .   .   .   .   .        261   13   1   1   .   .   .   .   .   1   .
+ *    90     5   1   2   .   .   2   .   .   .   .        280    5   1   2   .   .   .   .   .   .   .
+ *   100     1   1   2  12   .   2   .   .   .   .        290    5   1   1   .   .   .   .   .   .   .
+ *   110     5   1   1   .   .   2   .   .   .   .        310    1   1   2   .   .   2   .   .   .   .
+ *   120     5   1   1   .   5   1   .   .   .   .        360   12   1   .   .   .   .   1   .   .   .
+ *   140     1   1   2   .   .   .   8   .   .   .        370    5   1   1   .   .   2   .   .   .   .
+ *   160     5   1   1   .   .   .   .   .   .   .        380   10   1   1   .   .   .   .   .   .   .
+ *   170     5   .   .   .   .   .   .   .   .   .        410   12   0   2   .   .   1   .   .   .   .
+ *                                                       411   12   0   2   .   .   2   .   .   .   .
+ *                                                      4260   13   1   2   .   .   .   .   .   1   1
+ */
+ORVEL_EXPORT(int32_t) get_sec_dflt(int32_t sec_type, int32_t* day_type, int32_t* eom, int32_t* cpn_freq,
+                                   int32_t* odd_day_type, int32_t* mkt_opt5, int32_t* l1p_rule, int32_t* mkt_opt7,
+                                   int32_t* mkt_opt8, int32_t* mkt_opt9, int32_t* mkt_opt10, int32_t* absent,
+                                   int32_t* spare1, int32_t* spare2, int32_t* spare3, int32_t* spare4,
+                                   uint32_t* err_code);
 
 #endif /* ORVEL_FRAME_H */

@@ -39,8 +39,8 @@ const char* role_name(uint32_t role) {
 
 const char* given_kind(uint32_t kind) {
     switch (kind) {
-    case 1: case 11: return "yield";
-    case 2: case 12: return "price";
+    case 1: case 11: case 21: return "yield";
+    case 2: case 12: case 22: return "price";
     case 3: return "discount rate";
     case 4: case 5: return "rate";
     default: return "value";
@@ -79,8 +79,8 @@ private:
     int32_t len_ = 0;
 };
 
-// Base + two role digits: an ordering of two dates, earlier role first.
-bool ordering(Writer& w, uint32_t base, uint32_t first, uint32_t second) {
+// Base + two role digits: an ordering of two dates, earlier role first; any other base names both dates.
+bool two_roles(Writer& w, uint32_t base, const char* meaning, uint32_t first, uint32_t second) {
     const char* a = role_name(first);
     const char* b = role_name(second);
     if (a == nullptr || b == nullptr) return false;
@@ -88,7 +88,7 @@ bool ordering(Writer& w, uint32_t base, uint32_t first, uint32_t second) {
     case ORVEL_E_NOT_LE: w.put(a).put(" must not be after ").put(b); return true;
     case ORVEL_E_NOT_LT: w.put(a).put(" must be before ").put(b); return true;
     case ORVEL_E_SYNC: w.put(a).put(" and ").put(b).put(" not on one coupon cycle"); return true;
-    default: return false;
+    default: w.put(meaning).put(" (").put(a).put(", ").put(b).put(")"); return true;
     }
 }
 
@@ -114,14 +114,18 @@ void describe(Writer& w, uint32_t number) {
         w.put("days in the period below ").put(number - ORVEL_E_DAYS_PER_BASE);
         return;
     }
+    // Only the date checks take roles on top: one digit for a bad date; two, for a pair of dates, only on
+    // the ordering and coupon-cycle checks (2000..2999).
     const uint32_t base = number - number % 100;
     const uint32_t rest = number % 100;
-    if (const char* m = meaning_of(base)) {
+    const bool pair_check = base >= ORVEL_E_NOT_LE && base < 3000;
+    const bool date_check = pair_check || (base >= ORVEL_E_YEAR && base <= ORVEL_E_BLANK);
+    if (const char* m = date_check ? meaning_of(base) : nullptr) {
         if (rest < 10 && role_name(rest) != nullptr) {
             w.put(m).put(" (").put(role_name(rest)).put(")");
             return;
         }
-        if (rest >= 10 && ordering(w, base, rest / 10, rest % 10)) return;
+        if (pair_check && rest >= 10 && two_roles(w, base, m, rest / 10, rest % 10)) return;
     }
     w.put("unknown error number ").put(number);
 }
