@@ -21,7 +21,10 @@ if [[ " ${failed[*]} " != *" build "* ]]; then
 fi
 step windows "$ORVEL_ROOT/scripts/windows.sh"
 [ -x "$ORVEL_ROOT/scripts/sanitize.sh" ] && step sanitize "$ORVEL_ROOT/scripts/sanitize.sh"
-[ -x "$ORVEL_ROOT/scripts/fuzz.sh" ] && step fuzz "$ORVEL_ROOT/scripts/fuzz.sh" --smoke
+if [ -x "$ORVEL_ROOT/scripts/fuzz.sh" ]; then
+    orvel_apt clang libclang-rt-14-dev || echo "could not install clang and libclang-rt-14-dev for fuzzing"
+    step fuzz "$ORVEL_ROOT/scripts/fuzz.sh" --smoke
+fi
 
 if [ ${#failed[@]} -gt 0 ]; then
     echo "FAILED: ${failed[*]}"
