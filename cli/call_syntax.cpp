@@ -344,16 +344,37 @@ std::vector<std::string_view> split_words(std::string_view line) {
     }
 }
 
+const ExportSpec* find_export(std::string_view name) {
+    // The table sorted by name once, for batches of many calls over several hundred exports.
+    static const std::vector<const ExportSpec*> by_name = [] {
+        std::vector<const ExportSpec*> v;
+        for (const ExportSpec& e : exports::table()) v.push_back(&e);
+        std::sort(v.begin(), v.end(), [](const ExportSpec* a, const ExportSpec* b) {
+            return std::string_view(a->name) < std::string_view(b->name);
+        });
+        return v;
+    }();
+    const auto at = std::lower_bound(by_name.begin(), by_name.end(), name,
+                                     [](const ExportSpec* e, std::string_view n) { return std::string_view(e->name) < n; });
+    return at != by_name.end() && name == (*at)->name ? *at : nullptr;
+}
+
 bool parse(const std::vector<std::string_view>& words, PreparedCall& call, std::string& error) {
     if (words.empty()) {
         error = "no function named";
         return false;
     }
-    const ExportSpec* e = exports::find(words[0]);
+    const ExportSpec* e = find_export(words[0]);
     if (e == nullptr) {
         error = "unknown function '" + std::string(words[0]) + "' (orvel list shows every export)";
         return false;
     }
+    return parse(*e, words, call, error);
+}
+
+bool parse(const ExportSpec& export_spec, const std::vector<std::string_view>& words, PreparedCall& call,
+           std::string& error) {
+    const ExportSpec* e = &export_spec;
     const std::vector<bool> derived = derived_counts(*e);
     int typed = 0;
     for (int i = 0; i < e->arg_count; ++i) typed += is_typed(*e, derived, i) ? 1 : 0;

@@ -66,7 +66,8 @@ public:
     std::string csv() const;
 
 private:
-    friend bool parse(const std::vector<std::string_view>& words, PreparedCall& call, std::string& error);
+    friend bool parse(const exports::ExportSpec& e, const std::vector<std::string_view>& words, PreparedCall& call,
+                      std::string& error);
     void bind();
 
     const exports::ExportSpec* spec_ = nullptr;
@@ -81,12 +82,18 @@ std::vector<std::string_view> split_words(std::string_view line);
 // words[0] is the export's name, the rest its typed arguments. On failure returns false and sets error to a
 // message naming the argument and what was expected.
 bool parse(const std::vector<std::string_view>& words, PreparedCall& call, std::string& error);
+// The same for a given export (words[0], its name, is not read): lets tests prepare calls of their own specs.
+bool parse(const exports::ExportSpec& e, const std::vector<std::string_view>& words, PreparedCall& call,
+           std::string& error);
 bool parse_line(std::string_view line, PreparedCall& call, std::string& error);
 
 // Values as a spreadsheet shows them: 15 significant digits.
 std::string format_double(double x);
 std::string format_date(int32_t m, int32_t d, int32_t y);
 std::string error_text(uint32_t number);
+
+// The export of that name, or nullptr.
+const exports::ExportSpec* find_export(std::string_view name);
 
 // The typed form of an export's arguments, e.g. "num:f64 places:i32 rnd:i32".
 std::string typed_signature(const exports::ExportSpec& e);

@@ -47,6 +47,7 @@ KIND_ENUM = {
     "io_f64[]": "IoArrF64", "out_chr[]": "OutChr",
 }
 RESULT = {"void": ("void", "Void"), "i32": ("int32_t", "I32"), "f64": ("double", "F64")}
+MAX_PARAMS = 64  # max_params of the call frame in exports/export_table.h
 ARG_RE = re.compile(r"^([A-Za-z_][A-Za-z0-9_]*):([a-z_0-9]+)(?:\[([A-Za-z_][A-Za-z0-9_]*)(\+1)?\])?$")
 
 
@@ -101,7 +102,10 @@ def parse_entry(e):
             a["count_index"] = names.index(a["count"])
         if a["kind"] == "err" and a is not args[-1]:
             raise ListError(f"{where}: err must be the last argument")
-    return {"name": words[0], "result": words[1], "args": args, "section": e["section"], "where": where}
+    entry = {"name": words[0], "result": words[1], "args": args, "section": e["section"], "where": where}
+    if len(c_params(entry)) > MAX_PARAMS:
+        raise ListError(f"{where}: more than {MAX_PARAMS} C parameters (the call frame's limit)")
+    return entry
 
 
 def c_params(entry):

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
 """The orvel command end to end: results, exit statuses, usage errors, list and batch."""
+import pathlib
 import subprocess
 import sys
 import time
@@ -60,6 +61,20 @@ code, out, _ = run("list")
 lines = out.splitlines()
 check("list", code == 0 and "d_trunc_rnd f64 num:f64 places:i32 rnd:i32" in lines, out[:200])
 check("list has err_2_text", "err_2_text i32 number:i32 text:out_chr[size] size:i32" in lines)
+# Every entry of exports/*.list, continuation lines joined and comments dropped, is one line of orvel list.
+EXPORTS = pathlib.Path(__file__).resolve().parents[2] / "exports"
+entries = []
+for path in EXPORTS.glob("*.list"):
+    for raw in path.read_text().splitlines():
+        line = raw.split("#", 1)[0].rstrip()
+        if not line.strip():
+            continue
+        if line[0].isspace():
+            entries[-1] += " " + " ".join(line.split())
+        else:
+            entries.append(" ".join(line.split()))
+check("list equals the export list", sorted(entries) == sorted(lines),
+      f"only in the list files: {sorted(set(entries) - set(lines))[:5]}, only in orvel list: {sorted(set(lines) - set(entries))[:5]}")
 code, out, _ = run("list", "ok_")
 check("list ok_", code == 0 and out and all(l.startswith("ok_") for l in out.splitlines()), out)
 

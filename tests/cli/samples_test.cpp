@@ -35,4 +35,19 @@ TEST(Samples, EverySampleParsesAndRuns) {
     }
 }
 
+// Whatever number a sample call writes, err_2_text knows it: a number without a row in the error table (or
+// a role that the scheme has no name for) shows up here.
+TEST(Samples, EveryErrorWrittenHasAMeaning) {
+    for (const ck::Sample& s : ck::read_samples(ck::samples_folder())) {
+        ck::PreparedCall call;
+        std::string error;
+        if (!ck::parse_line(s.text, call, error)) continue;
+        call.invoke();
+        if (!call.failed()) continue;
+        const std::string meaning = ck::error_text(call.err_code());
+        EXPECT_EQ(meaning.find("unknown"), std::string::npos)
+            << s.file << ":" << s.line << ": " << s.text << " wrote " << call.err_code() << ": " << meaning;
+    }
+}
+
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <initializer_list>
 #include <set>
 #include <string>
 #include <vector>
@@ -49,12 +50,17 @@ TEST(ErrorText, NumbersWrittenAcrossTheLibraryAreKnown) {
     for (int32_t n : numbers) EXPECT_EQ(text_of(n).find("unknown"), std::string::npos) << n << ": " << text_of(n);
 }
 
+struct TextCase {
+    int32_t number;
+    const char* text;
+};
+
+void expect_texts(std::initializer_list<TextCase> cases) {
+    for (const TextCase& c : cases) EXPECT_EQ(text_of(c.number), c.text) << c.number;
+}
+
 TEST(ErrorText, RolesOrderingsKindsAndIndexes) {
-    struct Case {
-        int32_t number;
-        const char* text;
-    };
-    const Case cases[] = {
+    expect_texts({
         {0, "no error"},
         {1207, "month outside 1..12 (settlement date)"},
         {1301, "day outside 1..last day of the month (maturity date)"},
@@ -76,17 +82,12 @@ TEST(ErrorText, RolesOrderingsKindsAndIndexes) {
         {12000, "bad date at index 0 of a date list"},
         {12417, "bad date at index 417 of a date list"},
         {12999, "bad date at index 999 of a date list"},
-    };
-    for (const Case& c : cases) EXPECT_EQ(text_of(c.number), c.text) << c.number;
+    });
 }
 
 // A role only makes sense on a date check, and a pair of roles only on an ordering or cycle check.
 TEST(ErrorText, NumbersOutsideTheSchemeAreUnknown) {
-    struct Case {
-        int32_t number;
-        const char* text;
-    };
-    const Case cases[] = {
+    expect_texts({
         {1, "unknown error number 1"},
         {207, "unknown error number 207"},
         {1234, "unknown error number 1234"},
@@ -97,8 +98,7 @@ TEST(ErrorText, NumbersOutsideTheSchemeAreUnknown) {
         {99999, "unknown error number 99999"},
         {-5, "unknown error number -5"},
         {INT32_MIN, "unknown error number -2147483648"},
-    };
-    for (const Case& c : cases) EXPECT_EQ(text_of(c.number), c.text) << c.number;
+    });
 }
 
 // The text is cut to size - 1 characters and terminated; the byte after the buffer is never touched; the

@@ -1,0 +1,65 @@
+// Every sample call through the export table: the cost of parsing a call line (what a batch line pays on
+// top of the call) and of invoking the prepared call (the export itself plus the table's thunk).
+#include <benchmark/benchmark.h>
+
+#include <string>
+#include <vector>
+
+#include "call_syntax.hpp"
+
+namespace {
+
+namespace ck = orvel::callkit;
+
+const std::vector<ck::Sample>& samples() {
+    static const std::vector<ck::Sample> all = ck::read_samples(ck::samples_folder());
+    return all;
+}
+
+void BM_ParseAllSamples(benchmark::State& state) {
+    std::string error;
+    for (auto _ : state) {
+        for (const ck::Sample& s : samples()) {
+            ck::PreparedCall call;
+            benchmark::DoNotOptimize(ck::parse_line(s.text, call, error));
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(samples().size()));
+}
+BENCHMARK(BM_ParseAllSamples);
+
+void BM_InvokeAllSamples(benchmark::State& state) {
+    std::vector<ck::PreparedCall> calls;
+    std::string error;
+    for (const ck::Sample& s : samples()) {
+        ck::PreparedCall call;
+        if (ck::parse_line(s.text, call, error)) calls.push_back(std::move(call));
+    }
+    for (auto _ : state) {
+        for (ck::PreparedCall& c : calls) {
+            c.invoke();
+            benchmark::DoNotOptimize(c.result_f64());
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(calls.size()));
+}
+BENCHMARK(BM_InvokeAllSamples);
+
+void BM_FormatCsvAllSamples(benchmark::State& state) {
+    std::vector<ck::PreparedCall> calls;
+    std::string error;
+    for (const ck::Sample& s : samples()) {
+        ck::PreparedCall call;
+        if (ck::parse_line(s.text, call, error)) {
+            call.invoke();
+            calls.push_back(std::move(call));
+        }
+    }
+    for (auto _ : state)
+        for (const ck::PreparedCall& c : calls) benchmark::DoNotOptimize(c.csv());
+    state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(calls.size()));
+}
+BENCHMARK(BM_FormatCsvAllSamples);
+
+}  // namespace
+

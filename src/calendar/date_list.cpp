@@ -1,0 +1,194 @@
+// Date lists: three parallel arrays (months, days, years) with companion values. Sorting, and the
+// maintenance of a list of dated amounts by merging and deleting.
+#include <utility>
+
+#include "calendar/civil.hpp"
+#include "frame/check.hpp"
+#include "orvel/calendar.h"
+
+namespace cal = orvel::cal;
+
+namespace {
+
+struct DateList {
+    int32_t* m;
+    int32_t* d;
+    int32_t* y;
+    cal::Date at(int32_t i) const { return {m[i], d[i], y[i]}; }
+};
+
+// Every date of a list as a required date; the number of ok_MDY, plus `index_base` + i when asked.
+bool dates_ok(const int32_t* m, const int32_t* d, const int32_t* y, int32_t count, uint32_t index_base,
+              uint32_t* err_code) {
+    orvel::Check check(err_code);
+    for (int32_t i = 0; i < count && check.ok(); ++i) {
+        if (index_base == 0) {
+            check.call(0, ok_MDY, m[i], d[i], y[i], 1);
+        } else {
+            uint32_t scratch = 0;
+            check.expect(ok_MDY(m[i], d[i], y[i], 1, &scratch) != 0, index_base + static_cast<uint32_t>(i));
+        }
+    }
+    return check.ok();
+}
+
+// Bubble sort in calendar order, stable, stopping after a pass without an exchange; `swap_extra(i, j)`
+// exchanges the companion arrays. A comparison that keeps the order writes 0 to err_code, as the
+// "is before" comparison it stands for leaves its 2100 there and the sort clears it.
+template <class SwapExtra>
+void bubble_sort(DateList list, int32_t count, uint32_t* err_code, SwapExtra swap_extra) {
+    for (int32_t k = count; k >= 2; --k) {
+        bool exchanged = false;
+        for (int32_t i = 0; i + 1 < k; ++i) {
+            if (cal::compare(list.at(i + 1), list.at(i)) < 0) {
+                std::swap(list.m[i], list.m[i + 1]);
+                std::swap(list.d[i], list.d[i + 1]);
+                std::swap(list.y[i], list.y[i + 1]);
+                swap_extra(i, i + 1);
+                exchanged = true;
+            } else {
+                *err_code = 0;
+            }
+        }
+        if (!exchanged) return;
+    }
+}
+
+}  // namespace
+
+ORVEL_EXPORT(int32_t) sort_MDYs(int32_t* months, int32_t* days, int32_t* years, double* vals, int32_t count,
+                                int32_t validate, uint32_t* err_code) {
+    if (validate && !dates_ok(months, days, years, count, 0, err_code)) return 0;
+    bubble_sort({months, days, years}, count, err_code, [vals](int32_t i, int32_t j) { std::swap(vals[i], vals[j]); });
+    return 1;
+}
+
+ORVEL_EXPORT(int32_t) sort2_MDYs(int32_t* months, int32_t* days, int32_t* years, double* vals, int32_t* ivals,
+                                 int32_t count, int32_t validate, uint32_t* err_code) {
+    if (validate && !dates_ok(months, days, years, count, 0, err_code)) return 0;
+    bubble_sort({months, days, years}, count, err_code, [vals, ivals](int32_t i, int32_t j) {
+        std::swap(vals[i], vals[j]);
+        std::swap(ivals[i], ivals[j]);
+    });
+    return 1;
+}
+
+namespace {
+
+struct Amounts {
+    DateList dates;
+    double* amounts;
+};
+
+struct ConstAmounts {
+    const int32_t* m;
+    const int32_t* d;
+    const int32_t* y;
+    const double* amounts;
+    cal::Date at(int32_t i) const { return {m[i], d[i], y[i]}; }
+};
+
+bool strictly_ascending(const int32_t* m, const int32_t* d, const int32_t* y, int32_t count) {
+    for (int32_t i = 1; i < count; ++i)
+        if (cal::compare({m[i - 1], d[i - 1], y[i - 1]}, {m[i], d[i], y[i]}) >= 0) return false;
+    return true;
+}
+
+// Dates of `chg` that `list` does not hold (both ascending): the entries a merge adds.
+int64_t new_dates(const Amounts& list, int32_t count, const ConstAmounts& chg, int32_t chg_count) {
+    int64_t added = 0;
+    int32_t i = 0;
+    for (int32_t j = 0; j < chg_count; ++j) {
+        while (i < count && cal::compare(list.dates.at(i), chg.at(j)) < 0) ++i;
+        if (i == count || cal::compare(list.dates.at(i), chg.at(j)) != 0) ++added;
+    }
+    return added;
+}
+
+void put(const Amounts& list, int32_t to, cal::Date date, double amount) {
+    list.dates.m[to] = date.m;
+    list.dates.d[to] = date.d;
+    list.dates.y[to] = date.y;
+    list.amounts[to] = amount;
+}
+
+// Merges from the back into the room behind the list, so that no entry is overwritten before it is read;
+// `total` is count plus the new dates. An inconsistent (unsorted) input stops the merge rather than
+// letting it write before the entries not yet moved.
+void merge_from_back(const Amounts& list, int32_t count, int32_t total, const ConstAmounts& chg, int32_t chg_count) {
+    int32_t i = count - 1, j = chg_count - 1, k = total - 1;
+    while (j >= 0 && k >= 0) {
+        const int64_t order = i >= 0 ? cal::compare(list.dates.at(i), chg.at(j)) : -1;
+        if (order > 0) {
+            put(list, k, list.dates.at(i), list.amounts[i]);
+            --i;
+        } else if (order == 0) {
+            put(list, k, list.dates.at(i), list.amounts[i] + chg.amounts[j]);
+            --i, --j;
+        } else {
+            if (k <= i) return;
+            put(list, k, chg.at(j), chg.amounts[j]);
+            --j;
+        }
+        --k;
+    }
+}
+
+// Deletes (reduce = false) or reduces by the change amounts (reduce = true) the entries on the change
+// dates, compacting forward; returns the new count.
+int32_t remove_dates(const Amounts& list, int32_t count, const ConstAmounts& chg, int32_t chg_count, bool reduce) {
+    int32_t kept = 0, j = 0;
+    for (int32_t i = 0; i < count; ++i) {
+        const cal::Date date = list.dates.at(i);
+        while (j < chg_count && cal::compare(chg.at(j), date) < 0) ++j;
+        double amount = list.amounts[i];
+        if (j < chg_count && cal::compare(chg.at(j), date) == 0) {
+            if (!reduce) continue;
+            amount -= chg.amounts[j];
+            if (amount == 0.0) continue;
+        }
+        put(list, kept++, date, amount);
+    }
+    return kept;
+}
+
+constexpr uint32_t capacity_error(int32_t capacity) {
+    return ORVEL_E_DATE_LIST_BASE + static_cast<uint32_t>(capacity < 0 ? 0 : capacity);
+}
+
+}  // namespace
+
+ORVEL_EXPORT(int32_t) MDY_maint(int32_t action, int32_t* months, int32_t* days, int32_t* years, double* amounts,
+                                int32_t count, int32_t capacity, const int32_t* chg_months,
+                                const int32_t* chg_days, const int32_t* chg_years, const double* chg_amounts,
+                                int32_t chg_count, int32_t validate, uint32_t* err_code) {
+    if (chg_count < 0) chg_count = 0;
+    orvel::Check check(err_code);
+    check.expect(action == 1 || action == -1 || action == -2, ORVEL_E_MAINT_ACTION)
+        .expect(count >= 0 && count <= capacity, capacity_error(capacity));
+    if (validate) {
+        check.step([&](uint32_t* e) { return dates_ok(months, days, years, count, ORVEL_E_DATE_LIST_BASE, e); })
+            .step([&](uint32_t* e) {
+                return dates_ok(chg_months, chg_days, chg_years, chg_count, ORVEL_E_DATE_LIST_BASE, e);
+            })
+            .step([&](uint32_t* e) {
+                return strictly_ascending(months, days, years, count) || orvel::fail(e, ORVEL_E_LIST_ORDER1);
+            })
+            .step([&](uint32_t* e) {
+                return strictly_ascending(chg_months, chg_days, chg_years, chg_count) ||
+                       orvel::fail(e, ORVEL_E_LIST_ORDER2);
+            });
+    }
+    if (!check.ok()) return 0;
+
+    const Amounts list{{months, days, years}, amounts};
+    const ConstAmounts chg{chg_months, chg_days, chg_years, chg_amounts};
+    if (action != 1) return remove_dates(list, count, chg, chg_count, action == -2);
+    const int64_t total = count + new_dates(list, count, chg, chg_count);
+    if (total > capacity) {
+        orvel::fail(err_code, capacity_error(capacity));
+        return 0;
+    }
+    merge_from_back(list, count, static_cast<int32_t>(total), chg, chg_count);
+    return static_cast<int32_t>(total);
+}
