@@ -115,7 +115,7 @@ ORVEL_EXPORT(int32_t) ok_ofsl_dwm(int32_t sm, int32_t sd, int32_t sy, int32_t mm
     orvel::optional(check, ORVEL_ROLE_DATED, dated.get());
     if (check && orvel::is_blank(dated.get()) && !orvel::is_blank(first.get())) {
         dated.set({0, 0, 0});
-        check.expect(false, ORVEL_E_BLANK + ORVEL_ROLE_DATED);
+        check.expect(false, orvel::with_role(ORVEL_E_BLANK, ORVEL_ROLE_DATED));
     }
     orvel::required(check, ORVEL_ROLE_FIRST_CPN, first.get());
     orvel::optional(check, ORVEL_ROLE_LAST_CPN, last.get());
@@ -151,7 +151,7 @@ ORVEL_EXPORT(int32_t) ok_ogpd_MDYs(int32_t sm, int32_t sd, int32_t sy, int32_t m
     orvel::optional(check, ORVEL_ROLE_LAST_CPN, last.get());
     if (check && orvel::is_blank(dated.get()) && !orvel::is_blank(first.get())) {
         dated.set({0, 0, 0});
-        check.expect(false, ORVEL_E_BLANK + ORVEL_ROLE_DATED);
+        check.expect(false, orvel::with_role(ORVEL_E_BLANK, ORVEL_ROLE_DATED));
     }
     check.expect(first_mths >= 0, ORVEL_E_ODD_PERIOD1)
         .expect(first_mths <= longest, ORVEL_E_ODD_PERIOD2)

@@ -50,7 +50,7 @@ bool first_coupon(uint32_t* err_code, BondGroup& g) {
     if (orvel::is_blank(dated)) {
         if (orvel::is_blank(g.first.get())) return regular_defaults(g);
         g.dated.set({0, 0, 0});
-        return orvel::fail(err_code, ORVEL_E_BLANK + ORVEL_ROLE_DATED);
+        return orvel::fail(err_code, orvel::with_role(ORVEL_E_BLANK, ORVEL_ROLE_DATED));
     }
     int32_t nper = 0, frac = 0;
     uint32_t scratch = 0;
