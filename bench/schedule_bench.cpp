@@ -1,0 +1,87 @@
+// Cost of locating settlement in a coupon schedule: the calls the accrued-interest engine makes on every
+// price. Settlement dates walk through a 30-year schedule so that each call sees a different period.
+#include <benchmark/benchmark.h>
+
+#include <cstdint>
+#include <vector>
+
+#include "calendar/civil.hpp"
+#include "orvel/orvel.h"
+
+namespace {
+
+struct Case {
+    int32_t sm, sd, sy;
+};
+
+// 4096 settlement dates spread over 30 years before an end-of-month maturity of 8/31/2050.
+const std::vector<Case>& settlements() {
+    static const std::vector<Case> cases = [] {
+        std::vector<Case> v;
+        const auto start = orvel::cal::jdn(9, 1, 2020);
+        for (int64_t i = 0; i < 4096; ++i) {
+            const auto d = orvel::cal::from_jdn(start + (i * 2671) % 10950);
+            v.push_back({d.m, d.d, d.y});
+        }
+        return v;
+    }();
+    return cases;
+}
+
+void BM_lst_nxt_ncpn(benchmark::State& state) {
+    const auto& cases = settlements();
+    const int32_t validate = static_cast<int32_t>(state.range(0));
+    std::size_t i = 0;
+    for (auto _ : state) {
+        const Case& c = cases[i++ & 4095];
+        int32_t o[6];
+        uint32_t err = 0;
+        lst_nxt_ncpn(c.sm, c.sd, c.sy, 8, 31, 2050, 2, 1, o, o + 1, o + 2, o + 3, o + 4, o + 5, validate, &err);
+        benchmark::DoNotOptimize(o);
+    }
+}
+BENCHMARK(BM_lst_nxt_ncpn)->ArgName("validate")->Arg(0)->Arg(1);
+
+void BM_reg_per_info(benchmark::State& state) {
+    const auto& cases = settlements();
+    const int32_t day_type = static_cast<int32_t>(state.range(0));
+    const int32_t validate = static_cast<int32_t>(state.range(1));
+    std::size_t i = 0;
+    for (auto _ : state) {
+        const Case& c = cases[i++ & 4095];
+        int32_t o[5];
+        uint32_t err = 0;
+        benchmark::DoNotOptimize(reg_per_info(c.sm, c.sd, c.sy, 8, 31, 2050, day_type, 1, 2, o, o + 1, o + 2, o + 3,
+                                              o + 4, validate, &err));
+    }
+}
+BENCHMARK(BM_reg_per_info)->ArgNames({"day_type", "validate"})->ArgsProduct({{1, 2, 4, 7, 13}, {0, 1}});
+
+void BM_d_regperinfo(benchmark::State& state) {
+    const auto& cases = settlements();
+    std::size_t i = 0;
+    for (auto _ : state) {
+        const Case& c = cases[i++ & 4095];
+        double o[5];
+        uint32_t err = 0;
+        benchmark::DoNotOptimize(
+            d_regperinfo(c.sm, c.sd, c.sy, 8, 31, 2050, 1, 1, 2, o, o + 1, o + 2, o + 3, o + 4, 0, &err));
+    }
+}
+BENCHMARK(BM_d_regperinfo);
+
+void BM_per_cpn_MDYs(benchmark::State& state) {
+    const auto& cases = settlements();
+    std::size_t i = 0;
+    for (auto _ : state) {
+        const Case& c = cases[i++ & 4095];
+        int32_t o[6];
+        uint32_t err = 0;
+        per_cpn_MDYs(c.sm, c.sd, c.sy, 8, 31, 2050, 3, 1, 2020, 8, 31, 2021, 0, 0, 0, 1, 1, 2, o, o + 1, o + 2, o + 3,
+                     o + 4, o + 5, 0, &err);
+        benchmark::DoNotOptimize(o);
+    }
+}
+BENCHMARK(BM_per_cpn_MDYs);
+
+}  // namespace

@@ -1,0 +1,82 @@
+// Days accrued, in the period and remaining, by day-count family.
+#include "schedule/day_split.hpp"
+
+#include "orvel/calendar.h"
+#include "orvel/schedule.h"
+#include "frame/check.hpp"
+
+namespace orvel::schedule {
+
+int32_t count_days(Date a, Date b, int32_t day_type) {
+    const int32_t basis = (day_type >= 1 && day_type <= 13) ? day_type : 1;
+    uint32_t unused = 0;
+    return days_b_MDYs(a.m, a.d, a.y, b.m, b.d, b.y, basis, 0, &unused);
+}
+
+DaySplit split_period(Date pcd, Date ncd, Date settle, int32_t day_type, int32_t cpn_freq) {
+    const int32_t da = count_days(pcd, settle, day_type);
+    const int32_t fixed_period = 360 / usable_freq(cpn_freq);
+    switch (day_type) {
+    case 2: case 3: case 5: case 10: case 11:
+        // 64-bit, then narrowed modulo 2^32: a garbage day count cannot overflow the subtraction.
+        return {da, fixed_period, static_cast<int32_t>(int64_t{fixed_period} - da)};
+    case 4: case 7:
+        return {da, fixed_period, count_days(settle, ncd, day_type)};
+    case 13:
+        return {da, count_days(pcd, ncd, 9), count_days(settle, ncd, 9)};
+    default:  // 1, 6, 8, 9, 12 and any unknown code (counted as actual days)
+        return {da, count_days(pcd, ncd, day_type), count_days(settle, ncd, day_type)};
+    }
+}
+
+bool leaves_whole_period(const DaySplit& s, int32_t day_type) {
+    const int32_t remaining = (s.da == 0 && day_type == 4) ? s.dp : s.dr;
+    if (remaining == s.dp) return true;
+    switch (day_type) {
+    case 7: case 8: case 9: case 12: case 13: return s.da == 0;
+    default: return false;
+    }
+}
+
+}  // namespace orvel::schedule
+
+namespace {
+
+using orvel::schedule::Date;
+
+// pcd strictly before ncd, settle between them, all under the bond's day count.
+bool valid_period(Date pcd, Date ncd, Date settle, int32_t day_type, uint32_t* err_code) {
+    return orvel::Check(err_code)
+        .call(0, is_MDYltMDY, pcd.m, pcd.d, pcd.y, ncd.m, ncd.d, ncd.y, day_type, 1)
+        .call(0, is_MDYleMDY, pcd.m, pcd.d, pcd.y, settle.m, settle.d, settle.y, day_type, 1)
+        .call(0, is_MDYleMDY, settle.m, settle.d, settle.y, ncd.m, ncd.d, ncd.y, day_type, 1)
+        .ok();
+}
+
+}  // namespace
+
+ORVEL_EXPORT(int32_t) per2dp_da_dr(int32_t pcd_m, int32_t pcd_d, int32_t pcd_y, int32_t ncd_m, int32_t ncd_d,
+                                   int32_t ncd_y, int32_t settle_m, int32_t settle_d, int32_t settle_y,
+                                   int32_t day_type, int32_t cpn_freq, int32_t* da, int32_t* dp, int32_t* dr,
+                                   int32_t validate, uint32_t* err_code) {
+    const Date pcd{pcd_m, pcd_d, pcd_y}, ncd{ncd_m, ncd_d, ncd_y}, settle{settle_m, settle_d, settle_y};
+    if (validate && !valid_period(pcd, ncd, settle, day_type, err_code)) return 0;
+    const auto s = orvel::schedule::split_period(pcd, ncd, settle, day_type, cpn_freq);
+    *da = s.da;
+    *dp = s.dp;
+    *dr = s.dr;
+    return s.dr;
+}
+
+ORVEL_EXPORT(double) d_per2dpdadr(int32_t pcd_m, int32_t pcd_d, int32_t pcd_y, int32_t ncd_m, int32_t ncd_d,
+                                  int32_t ncd_y, int32_t settle_m, int32_t settle_d, int32_t settle_y,
+                                  int32_t day_type, int32_t cpn_freq, double* da, double* dp, double* dr,
+                                  int32_t validate, uint32_t* err_code) {
+    const Date pcd{pcd_m, pcd_d, pcd_y}, ncd{ncd_m, ncd_d, ncd_y}, settle{settle_m, settle_d, settle_y};
+    if (validate && !valid_period(pcd, ncd, settle, day_type, err_code)) return 0.0;
+    const auto s = orvel::schedule::split_period(pcd, ncd, settle, day_type, cpn_freq);
+    *da = s.da;
+    *dp = s.dp;
+    *dr = s.dr;
+    return s.dr;
+}

@@ -1,0 +1,57 @@
+// The coupon grid of a schedule: coupon dates stepped a whole number of periods back from an anchor
+// (maturity, or the last regular coupon date). Every date is derived from the anchor itself, never from
+// its neighbour, so an end-of-month anchor keeps its month ends all along the schedule.
+#pragma once
+
+#include <cstdint>
+#include <limits>
+
+#include "calendar/civil.hpp"
+
+namespace orvel::schedule {
+
+using cal::Date;
+
+// Serial month of a date (year * 12 + month - 1), 64-bit so that no caller's year can overflow it.
+constexpr int64_t month_index(Date x) { return int64_t{x.y} * 12 + (x.m - 1); }
+
+constexpr bool on_or_before(Date a, Date b) { return cal::compare(a, b) <= 0; }
+constexpr bool same_date(Date a, Date b) { return a.m == b.m && a.d == b.d && a.y == b.y; }
+
+// The anchor moved n periods (negative n: back), with the end-of-month rule when eom is set.
+constexpr Date grid_date(Date anchor, int64_t n, int32_t cpn_freq, int32_t eom) {
+    return cal::add_months(anchor, n * cal::months_per_period(cpn_freq), eom != 0);
+}
+
+// Where `settle` stands on the grid of `anchor`: pcd <= settle < ncd, pcd being `periods` periods before
+// the anchor (negative when settle lies after the anchor: the grid runs on past it).
+struct Bracket {
+    Date pcd;
+    Date ncd;
+    int64_t periods;
+};
+
+// The month distance gives the estimate q = months / (months per period). Grid date q - 1 lies in a later
+// month than settle, grid date q + 1 in an earlier one, so the answer is q or q + 1: two probes, no walk,
+// for every input (a year of 1e9 as much as a real one). A frequency above 12 has periods of no months:
+// the grid is the anchor alone and both dates are the anchor.
+constexpr Bracket locate(Date settle, Date anchor, int32_t cpn_freq, int32_t eom) {
+    const int32_t per_months = cal::months_per_period(cpn_freq);
+    if (per_months == 0) return {anchor, anchor, 0};
+    const int64_t q = (month_index(anchor) - month_index(settle)) / per_months;
+    const Date probe = grid_date(anchor, -q, cpn_freq, eom);
+    if (on_or_before(probe, settle)) return {probe, grid_date(anchor, 1 - q, cpn_freq, eom), q};
+    return {grid_date(anchor, -q - 1, cpn_freq, eom), probe, q + 1};
+}
+
+// A period count narrowed to int32 (a count beyond it only arises from years far outside any calendar).
+constexpr int32_t saturate(int64_t v) {
+    if (v > std::numeric_limits<int32_t>::max()) return std::numeric_limits<int32_t>::max();
+    if (v < std::numeric_limits<int32_t>::min()) return std::numeric_limits<int32_t>::min();
+    return static_cast<int32_t>(v);
+}
+
+// A frequency as the 30/360 period length divides by it: below 1 counts as 1, as in the period step.
+constexpr int32_t usable_freq(int32_t cpn_freq) { return cpn_freq < 1 ? 1 : cpn_freq; }
+
+}  // namespace orvel::schedule
