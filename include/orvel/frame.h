@@ -153,6 +153,7 @@
     X(ORVEL_E_PMTINC_HIGH, 11502, "month of payment increase above the term")                      \
     X(ORVEL_E_WAM_LOW, 11901, "remaining term below 1")                                            \
     X(ORVEL_E_WAM_HIGH, 11902, "remaining term above the original term")                           \
+    X(ORVEL_E_CAPACITY, 13000, "output arrays too small: the count needed is written")              \
     X(ORVEL_E_MBS_BAL, 13100, "balance not positive")                                              \
     X(ORVEL_E_MBS_FCTR, 13200, "pool factor negative")                                             \
     X(ORVEL_E_FACE, 14100, "face amount negative")                                                 \

@@ -1,6 +1,8 @@
 // Days accrued, in the period and remaining, by day-count family.
 #include "schedule/day_split.hpp"
 
+#include "calendar/day_count.hpp"
+
 #include "orvel/calendar.h"
 #include "orvel/schedule.h"
 #include "frame/check.hpp"
@@ -9,8 +11,7 @@ namespace orvel::schedule {
 
 int32_t count_days(Date a, Date b, int32_t day_type) {
     const int32_t basis = (day_type >= 1 && day_type <= 13) ? day_type : 1;
-    uint32_t unused = 0;
-    return days_b_MDYs(a.m, a.d, a.y, b.m, b.d, b.y, basis, 0, &unused);
+    return cal::days_by_type(basis, a.m, a.d, a.y, b.m, b.d, b.y);
 }
 
 DaySplit split_period(Date pcd, Date ncd, Date settle, int32_t day_type, int32_t cpn_freq) {
