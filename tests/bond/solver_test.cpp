@@ -1,0 +1,102 @@
+// The shared three-point solver: how many steps bond yields take, and that every solve ends.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "bond/kernels.hpp"
+#include "bond/solver.hpp"
+
+namespace {
+
+using orvel::SolveStats;
+
+TEST(Solver, TypicalBondsConvergeInAFewSteps) {
+    // Yields of 0.5 .. 30% on bonds of 1 .. 480 periods, coupons 0 .. 20%, at every frequency.
+    int solves = 0, most_steps = 0, total_evaluations = 0;
+    for (int f : {1, 2, 4, 12})
+        for (int n : {1, 4, 19, 59, 119, 479})
+            for (double cpn : {0.0, 3.0, 7.5, 20.0})
+                for (double y : {0.5, 2.0, 5.0, 9.0, 15.0, 30.0}) {
+                    const orvel::bond::Terms t{cpn, 100.0, 0.0, 0.0, f, n, 0.4, cpn / f, 0.6 * cpn / f};
+                    uint32_t err = 0;
+                    const double price = orvel::bond::price_g1p(t, y, &err);
+                    if (!(price > 0.01)) continue;
+                    SolveStats stats;
+                    const double guess = orvel::bond::yield_guess(price, cpn, 100.0, n, 0.4);
+                    const double back = orvel::bond::solve_yield(
+                        price, guess, [&t](double x, uint32_t* e) { return orvel::bond::price_g1p(t, x, e); }, &err,
+                        &stats);
+                    SCOPED_TRACE(testing::Message() << "f " << f << " n " << n << " cpn " << cpn << " y " << y);
+                    ASSERT_EQ(err, 0u);
+                    EXPECT_NEAR(back, y, 1e-4);
+                    most_steps = std::max(most_steps, stats.steps);
+                    total_evaluations += stats.evaluations;
+                    ++solves;
+                }
+    // Recorded: most solves need 3 to 5 interpolation steps after the three start points; none comes near
+    // the cap of 1,000.
+    EXPECT_LE(most_steps, 12);
+    EXPECT_LE(total_evaluations, solves * 9);
+    std::printf("%d solves, at most %d steps, %.2f price evaluations a solve\n", solves, most_steps,
+                static_cast<double>(total_evaluations) / solves);
+}
+
+TEST(Solver, ResidualThatNeverConvergesStopsAtTheCap) {
+    // A residual that jitters around 5 by +-0.1 never gets within the tolerance, while its interpolation
+    // steps stay well-formed: the solve must give up after exactly 1,000 steps.
+    bool up = false;
+    auto jitter = [&up](double x, uint32_t*) {
+        up = !up;
+        return (x - 5.0) + (up ? 0.1 : -0.1);
+    };
+    SolveStats stats;
+    uint32_t err = 0;
+    const double start[3] = {4.0, 3.0, 6.0};
+    EXPECT_EQ(orvel::solve3(start, jitter, orvel::ResidualBelow{1e-12}, &err, &stats), 0.0);
+    EXPECT_EQ(err, 9020u);
+    EXPECT_EQ(stats.steps, orvel::solver_max_steps);
+    EXPECT_EQ(stats.evaluations, orvel::solver_max_steps + 3);
+}
+
+TEST(Solver, StartPointThatMeetsTheRuleIsReturnedAtOnce) {
+    SolveStats stats;
+    uint32_t err = 0;
+    const double start[3] = {2.0, 1.0, 3.0};
+    auto f = [](double x, uint32_t*) { return x * x - 1.0; };
+    EXPECT_EQ(orvel::solve3(start, f, orvel::ResidualBelow{1e-9}, &err, &stats), 1.0);
+    EXPECT_EQ(stats.evaluations, 2);
+    EXPECT_EQ(stats.steps, 0);
+}
+
+TEST(Solver, ResidualErrorsEndTheSolveWithTheirNumber) {
+    uint32_t err = 0;
+    const double start[3] = {2.0, 1.0, 3.0};
+    auto refuses = [](double x, uint32_t* e) {
+        if (x > 2.5) *e = 4090;
+        return x;
+    };
+    EXPECT_EQ(orvel::solve3(start, refuses, orvel::ResidualBelow{1e-9}, &err), 0.0);
+    EXPECT_EQ(err, 4090u);
+    err = 0;
+    auto not_finite = [](double x, uint32_t*) { return x > 2.5 ? NAN : x; };
+    EXPECT_EQ(orvel::solve3(start, not_finite, orvel::ResidualBelow{1e-9}, &err), 0.0);
+    EXPECT_EQ(err, 9020u);
+}
+
+TEST(Solver, StatefulStopRuleComparesSteps) {
+    // A rule on the step size instead of the residual: stop when x moves less than 1e-6 (far tighter rules meet the 1e-10 floor on the step denominator first).
+    double last = NAN;
+    auto small_step = [&last](double x, double) {
+        const bool done = std::fabs(x - last) < 1e-6;
+        last = x;
+        return done;
+    };
+    uint32_t err = 0;
+    const double start[3] = {1.0, 2.0, 3.0};
+    auto f = [](double x, uint32_t*) { return std::exp(x) - 10.0; };
+    EXPECT_NEAR(orvel::solve3(start, f, small_step, &err), std::log(10.0), 1e-9);
+    EXPECT_EQ(err, 0u);
+}
+
+}  // namespace
