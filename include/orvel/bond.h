@@ -63,7 +63,8 @@ ORVEL_EXPORT(double) bond_ptm_l1p(double yld, double cpn_rate, double redemptn, 
 /* Yield of a clean price in the final period, in closed form. Untaxed it inverts bond_ptm_l1p; with a tax
  * the gain tax tax1 (redemptn - price) is taken per 100 of face, so the two are then not inverses.
  * Validation as bond_ptm_l1p with price (4002) in place of yld. Errors always checked: 4400 nxt_frac zero;
- * 4002 when price plus after-tax accrued interest is zero (nothing invested, no yield).
+ * 4002 when price plus after-tax accrued interest is zero (nothing invested, no yield); 4090 when the
+ * yield found has 1 + nxt_frac yld / (100 cpn_freq) zero or below (a negative price, say).
  * Returns the yield in percent; 0.0 on failure. */
 ORVEL_EXPORT(double) bond_ytm_l1p(double price, double cpn_rate, double redemptn, double tax1, int32_t cpn_freq,
                                   double nxt_frac, double ai, int32_t validate, uint32_t* err_code);
@@ -79,7 +80,8 @@ ORVEL_EXPORT(double) approx_yield(double y_a, double y_b, double y_c, double f_a
  * (A + (redemptn - A) v^-n_after + cpn_amt) v^-nxt_frac - ai, with A = cpn_rate / (g cpn_freq),
  * g = yld / (100 cpn_freq), v = 1 + g. When ai is negative (ex-dividend) the next coupon is left out.
  * Validation (validate != 0), in order: 4001 yld zero; 4100 cpn_rate; 4200 redemptn; 600/601 cpn_freq;
- * 4600 n_after below 1; 4400 nxt_frac negative; 4101 cpn_amt.
+ * 4600 n_after below 1; 4400 nxt_frac negative; 4101 cpn_amt; 4500 ai not finite (a negative ai is
+ * accepted: the bond trades ex-dividend).
  * Errors always checked: 4090 when v is zero or negative; 4001 for a yield of exactly 0, which has no
  * closed form here.
  * Returns the clean price per 100; 0.0 on failure. */
@@ -143,7 +145,7 @@ ORVEL_EXPORT(double) bond_td_ai(int32_t trade_m, int32_t trade_d, int32_t trade_
                                 uint32_t* err_code);
 
 /* The next coupon payment of a holding of face_k thousand: bond_ai's cpn_amt x face_k x 10.
- * Errors: bond_ai's. Returns the payment; 0.0 on failure. */
+ * Errors: with validate, 14100 face_k negative or not finite; then bond_ai's. Returns the payment; 0.0 on failure. */
 ORVEL_EXPORT(double) bond_fpi(int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate, int32_t settle_m,
                               int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y,
                               int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m,
@@ -153,7 +155,7 @@ ORVEL_EXPORT(double) bond_fpi(int32_t day_type, int32_t eom, int32_t cpn_freq, d
 /* Interest a holding of face_k thousand earns on the day before settlement: the accrued interest at
  * settlement less that of the day before, or, when a coupon was paid on settlement, the coupon less the
  * accrued interest of the day before. 0.0 when settlement is the (given) dated date.
- * Errors: bond_ai's (settlement validated as passed). Returns the interest; 0.0 on failure. */
+ * Errors: with validate, 14100 face_k negative or not finite; then bond_ai's. Returns the interest; 0.0 on failure. */
 ORVEL_EXPORT(double) bond_1di(int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate, int32_t settle_m,
                               int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y,
                               int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m,
@@ -162,7 +164,8 @@ ORVEL_EXPORT(double) bond_1di(int32_t day_type, int32_t eom, int32_t cpn_freq, d
 
 /* The coupon payment of the period settlement falls in, for a holding of face_k thousand: on a coupon
  * date the coupon paid that day, at maturity the final coupon (settlement is then taken two days earlier).
- * Errors: bond_ai's. Returns the payment; 0.0 on failure. */
+ * Errors: with validate, 14100 face_k negative or not finite; then bond_ai's. Returns the payment; 0.0 on
+ * failure. */
 ORVEL_EXPORT(double) bond_pip(int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate, int32_t settle_m,
                               int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y,
                               int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m,
@@ -206,8 +209,9 @@ ORVEL_EXPORT(double) bond_cur_yld(double cpn_rate, double price, double tax1);
  *   cpn_int = tot_int - ioi
  * With nxt_frac = 0 the grown next coupon stays in tot_int but not in the coupon sum: it counts wholly as
  * interest on interest.
- * Validation (validate != 0), in order: 4100 cpn_rate; 600/601 cpn_freq; 4600 n_after below 1; 4400
- * nxt_frac negative; 4101 cpn_amt. On failure the three outputs are left unwritten. */
+ * Validation (validate != 0), in order: 4001 yld not finite (0 is accepted); 4100 cpn_rate; 600/601
+ * cpn_freq; 4600 n_after below 1; 4400 nxt_frac negative; 4101 cpn_amt. On failure the three outputs are
+ * left unwritten. */
 ORVEL_EXPORT(void) bond_int_ioi(double yld, int32_t cpn_freq, double cpn_rate, double cpn_amt, int32_t n_after,
                                 double nxt_frac, double* tot_int, double* cpn_int, double* ioi, int32_t validate,
                                 uint32_t* err_code);
@@ -223,7 +227,8 @@ ORVEL_EXPORT(void) bond_int_ioi(double yld, int32_t cpn_freq, double cpn_rate, d
  * passing a clean price weights by it instead and gives a larger duration. *mod_dur = *mac_dur / v, with
  * v = 1 + yld / (100 cpn_freq). With nothing left to run (settlement at maturity) both are 0.0.
  *   price  0 or a clean price per 100; yld percent; cpn_rate percent; redemptn per 100.
- * Validation (validate != 0): 4001 yld zero; 4002 a non-zero price not in (0, 10000]; then bond_ai's.
+ * Validation (validate != 0): 4001 yld zero; 4002 a non-zero price not in (0, 10000]; 4200 redemptn;
+ * then bond_ai's.
  * Errors always checked: 4090 v zero or negative; 4600 a schedule too long to walk.
  * On failure the outputs are left unwritten. */
 ORVEL_EXPORT(void) bond_dur(double price, double yld, double cpn_rate, double redemptn, int32_t day_type, int32_t eom,
@@ -267,7 +272,7 @@ ORVEL_EXPORT(void) bond_risk(int32_t sec_type, int32_t day_type, int32_t eom, in
  * (shift / 100)^2), P the value of the flows with accrued interest, compounding in every period. Agrees
  * with bond_cvx (price 0) to the order of shift squared.
  *   shift  yield change in percent, in (0, 100]; any other value (0 included) takes 0.01, a basis point.
- * Validation (validate != 0): 4200 redemptn, then as bond_dur. Errors as bond_dur.
+ * Validation (validate != 0): 4001 shift not finite, then as bond_dur. Errors as bond_dur.
  * Returns the estimate in years squared; 0.0 with nothing left to run and on failure. */
 ORVEL_EXPORT(double) bond_est_cvx(double yld, double cpn_rate, double redemptn, int32_t day_type, int32_t eom,
                                   int32_t cpn_freq, int32_t settle_m, int32_t settle_d, int32_t settle_y,
@@ -298,7 +303,7 @@ ORVEL_EXPORT(int32_t) bond_flows(int32_t day_type, int32_t eom, int32_t cpn_freq
 
 /* The dated flows of a holding of face_k thousand, as the dated cash-flow sets take them: amts[k] is the
  * coupon plus, on the last, redemptn, per 100 times face_k x 10; *ai the accrued interest of the holding.
- * Validation as bond_flows, then 14100 face_k negative. */
+ * Validation as bond_flows, then 14100 face_k negative or not finite. */
 ORVEL_EXPORT(int32_t) bond_cfs(int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate, int32_t settle_m,
                                int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y,
                                int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m,
@@ -310,7 +315,7 @@ ORVEL_EXPORT(int32_t) bond_cfs(int32_t day_type, int32_t eom, int32_t cpn_freq, 
  * coupon date: int_flows[k] the coupon x face_k x 10, prin_flows[k] zero until maturity, there the face
  * (face_k x 1000). method as bond_py_ai: 3, 6 and 8 ignore an odd first coupon.
  * Validation (validate != 0): 300 method not 1..8 or 2; then as bond_cfs (4100, 500/501, 600/601, the
- * date group, 14100 face_k negative). */
+ * date group, 14100 face_k negative or not finite). */
 ORVEL_EXPORT(int32_t) bond_ifs_pfs(int32_t method, int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate,
                                    int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
                                    int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,

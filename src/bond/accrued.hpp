@@ -18,6 +18,9 @@ struct Reduced {
     int32_t n_after = 0;    // whole periods after the next coupon
 };
 
+// A face amount in thousands: zero or more, and finite.
+inline bool valid_face(double face_k) { return face_k >= 0.0 && face_k <= 1.7976931348623157e308; }
+
 // The accrued interest at settlement, with the schedule numbers in *out. Blank dated and first coupon
 // dates take the defaults of default_first_period. Validates nothing.
 double reduce(const Mdy& settle, const Mdy& mat, Mdy dated, Mdy first_cpn, double cpn_rate, int32_t day_type,

@@ -79,6 +79,7 @@ ORVEL_EXPORT(double) bond_fpi(int32_t day_type, int32_t eom, int32_t cpn_freq, d
                               int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m,
                               int32_t first_cpn_d, int32_t first_cpn_y, double face_k, int32_t validate,
                               uint32_t* err_code) {
+    if (validate != 0 && !orvel::bond::valid_face(face_k)) return orvel::bond::fail_price(err_code, ORVEL_E_FACE);
     double nxt_frac = 0.0, cpn_amt = 0.0;
     int32_t n_after = 0;
     uint32_t err = 0;
@@ -117,6 +118,7 @@ ORVEL_EXPORT(double) bond_1di(int32_t day_type, int32_t eom, int32_t cpn_freq, d
                               int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m,
                               int32_t first_cpn_d, int32_t first_cpn_y, double face_k, int32_t validate,
                               uint32_t* err_code) {
+    if (validate != 0 && !orvel::bond::valid_face(face_k)) return orvel::bond::fail_price(err_code, ORVEL_E_FACE);
     if (dated_m != 0 && settle_m == dated_m && settle_d == dated_d && settle_y == dated_y) return 0.0;
     double nxt_frac = 0.0, cpn_amt = 0.0;
     int32_t n_after = 0;
@@ -140,6 +142,7 @@ ORVEL_EXPORT(double) bond_pip(int32_t day_type, int32_t eom, int32_t cpn_freq, d
                               int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m,
                               int32_t first_cpn_d, int32_t first_cpn_y, double face_k, int32_t validate,
                               uint32_t* err_code) {
+    if (validate != 0 && !orvel::bond::valid_face(face_k)) return orvel::bond::fail_price(err_code, ORVEL_E_FACE);
     Mdy settle{settle_m, settle_d, settle_y};
     const Mdy mat{mat_m, mat_d, mat_y};
     // At maturity the period is the last one: look at it from inside.

@@ -84,7 +84,7 @@ bool valid_bond(double cpn_rate, int32_t day_type, int32_t eom, int32_t cpn_freq
             return orvel::bond::valid_bond_dates(settle, mat, &dated, &first_cpn, day_type, eom, cpn_freq, e);
         })
         .call(0, ok_redemptn, redemptn)
-        .expect(face_k >= 0.0, ORVEL_E_FACE)
+        .expect(orvel::bond::valid_face(face_k), ORVEL_E_FACE)
         .ok();
 }
 

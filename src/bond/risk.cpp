@@ -55,12 +55,13 @@ struct Measured {
     bool nothing_left = false;
 };
 
-bool measure(double price, double yld, double cpn_rate, int32_t day_type, int32_t eom, int32_t cpn_freq, const Mdy& settle,
-             const Mdy& mat, const Mdy& dated, const Mdy& first_cpn, int32_t validate, uint32_t* err_code,
-             Measured* out) {
+bool measure(double price, double yld, double cpn_rate, double redemptn, int32_t day_type, int32_t eom,
+             int32_t cpn_freq, const Mdy& settle, const Mdy& mat, const Mdy& dated, const Mdy& first_cpn,
+             int32_t validate, uint32_t* err_code, Measured* out) {
     if (validate != 0 && !orvel::Check(err_code)
                               .call(0, ok_given, yld, 1)
                               .step([&](uint32_t* e) { return price == 0.0 || ok_given(price, 2, e); })
+                              .call(0, ok_redemptn, redemptn)
                               .ok())
         return false;
     uint32_t err = 0;
@@ -86,7 +87,7 @@ ORVEL_EXPORT(void) bond_dur(double price, double yld, double cpn_rate, double re
                             int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double* mac_dur,
                             double* mod_dur, int32_t validate, uint32_t* err_code) {
     Measured s;
-    if (!measure(price, yld, cpn_rate, day_type, eom, cpn_freq, Mdy{settle_m, settle_d, settle_y},
+    if (!measure(price, yld, cpn_rate, redemptn, day_type, eom, cpn_freq, Mdy{settle_m, settle_d, settle_y},
                  Mdy{mat_m, mat_d, mat_y}, Mdy{dated_m, dated_d, dated_y}, Mdy{first_cpn_m, first_cpn_d, first_cpn_y},
                  validate, err_code, &s))
         return;
@@ -108,7 +109,7 @@ ORVEL_EXPORT(double) bond_cvx(double price, double yld, double cpn_rate, double 
                               int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, int32_t validate,
                               uint32_t* err_code) {
     Measured s;
-    if (!measure(price, yld, cpn_rate, day_type, eom, cpn_freq, Mdy{settle_m, settle_d, settle_y},
+    if (!measure(price, yld, cpn_rate, redemptn, day_type, eom, cpn_freq, Mdy{settle_m, settle_d, settle_y},
                  Mdy{mat_m, mat_d, mat_y}, Mdy{dated_m, dated_d, dated_y}, Mdy{first_cpn_m, first_cpn_d, first_cpn_y},
                  validate, err_code, &s))
         return 0.0;
@@ -166,7 +167,8 @@ ORVEL_EXPORT(void) bond_risk(int32_t sec_type, int32_t day_type, int32_t eom, in
                                   Mdy{dated_m, dated_d, dated_y}, Mdy{first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate,
                                   day_type, eom, cpn_freq, &r);
     uint32_t err = 0;
-    const double y = calc_type == 1 ? given : yield_on(r, accrued, given, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err, nullptr);
+    const double y =
+        calc_type == 1 ? given : yield_on(r, accrued, given, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err, nullptr);
     const double p = calc_type == 2 ? given : price_on(r, accrued, given, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err);
     // A basis point either side, through the same kernel as the price.
     const double p_down = price_on(r, accrued, y - 0.01, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err);
@@ -196,9 +198,10 @@ ORVEL_EXPORT(double) bond_est_cvx(double yld, double cpn_rate, double redemptn, 
                                   int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d,
                                   int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y,
                                   double shift, int32_t validate, uint32_t* err_code) {
-    if (validate != 0 && !orvel::Check(err_code).call(0, ok_redemptn, redemptn).ok()) return 0.0;
+    if (validate != 0 && !orvel::Check(err_code).expect(std::isfinite(shift), ORVEL_E_GIVEN_BASE + 1).ok())
+        return 0.0;
     Measured s;
-    if (!measure(0.0, yld, cpn_rate, day_type, eom, cpn_freq, Mdy{settle_m, settle_d, settle_y},
+    if (!measure(0.0, yld, cpn_rate, redemptn, day_type, eom, cpn_freq, Mdy{settle_m, settle_d, settle_y},
                  Mdy{mat_m, mat_d, mat_y}, Mdy{dated_m, dated_d, dated_y}, Mdy{first_cpn_m, first_cpn_d, first_cpn_y},
                  validate, err_code, &s))
         return 0.0;
