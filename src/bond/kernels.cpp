@@ -3,6 +3,7 @@
 
 #include "bond/solver.hpp"
 #include "frame/check.hpp"
+#include "frame/validators.hpp"
 #include "orvel/bond.h"
 
 namespace {
@@ -109,7 +110,7 @@ bool valid_aibd(double given, int32_t given_type, double cpn_rate, double redemp
         .call(0, ok_full_per, n_after)
         .call(0, ok_days_pcnt, nxt_frac)
         .call(1, ok_cpn_rate, cpn_amt)
-        .expect(std::isfinite(ai), ORVEL_E_AI)  // negative is allowed: the bond trades ex-dividend
+        .expect(orvel::finite(ai), ORVEL_E_AI)  // any sign: a negative ai is the ex-dividend case
         .ok();
 }
 
