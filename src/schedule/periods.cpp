@@ -8,7 +8,7 @@
 namespace orvel::schedule {
 
 Bracket coupon_dates(Date settle, Date mat, int32_t cpn_freq, int32_t eom) {
-    if (cal::compare(settle, mat) == 0) return {mat, mat, 0};
+    if (same_date(settle, mat)) return {mat, mat, 0};
     return locate(settle, mat, cpn_freq, eom);
 }
 
@@ -29,14 +29,14 @@ PeriodCount count_periods(Date settle, Date mat, int32_t day_type, int32_t eom, 
 
 RegularInfo regular_info(Date settle, Date mat, int32_t day_type, int32_t eom, int32_t cpn_freq) {
     const Bracket b = locate(settle, mat, cpn_freq, eom);
-    const bool at_maturity = cal::compare(settle, mat) == 0;
-    const DaySplit days = at_maturity ? split_period(mat, mat, settle, day_type, cpn_freq)
-                                      : split_period(b.pcd, b.ncd, settle, day_type, cpn_freq);
-    // The whole-period test counts under its own basis; reuse the split when that basis is day_type.
-    const int32_t basis = whole_period_basis(day_type);
-    const DaySplit test = (basis == day_type && !at_maturity) ? days
-                                                              : split_period(b.pcd, b.ncd, settle, basis, cpn_freq);
-    return {days, count_from(b, test, day_type)};
+    const bool at_maturity = same_date(settle, mat);
+    const DaySplit days = split_period(at_maturity ? mat : b.pcd, at_maturity ? mat : b.ncd, settle, day_type, cpn_freq);
+    // The whole-period test of count_periods without a second split: on calendar days (codes 1, 7, 8, 12,
+    // 13, whose da is an actual count) a whole period remains exactly when nothing has accrued, as it does
+    // at maturity; every other code tests under itself, on the split just made.
+    const bool calendar_test = at_maturity || whole_period_basis(day_type) == 1;
+    const bool whole = calendar_test ? days.da == 0 : leaves_whole_period(days, day_type);
+    return {days, whole ? PeriodCount{saturate(b.periods), 0} : PeriodCount{saturate(b.periods - 1), 1}};
 }
 
 }  // namespace orvel::schedule
