@@ -116,11 +116,12 @@ ORVEL_EXPORT(int32_t) num_per_dt(int32_t settle_m, int32_t settle_d, int32_t set
     return c.nper;
 }
 
-ORVEL_EXPORT(int32_t) reg_per_info(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
-                                   int32_t mat_d, int32_t mat_y, int32_t day_type, int32_t eom, int32_t cpn_freq,
-                                   int32_t* da, int32_t* dp, int32_t* dr, int32_t* nper, int32_t* frac,
-                                   int32_t validate, uint32_t* err_code) {
-    const Date settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
+namespace {
+
+// reg_per_info in the integer or the double form: the same checks, the same five results.
+template <class T>
+T regular_info_as(Date settle, Date mat, int32_t day_type, int32_t eom, int32_t cpn_freq, T* da, T* dp, T* dr,
+                  T* nper, T* frac, int32_t validate, uint32_t* err_code) {
     if (validate && !valid_term(settle, mat, cpn_freq, err_code)) return 0;
     const auto r = orvel::schedule::regular_info(settle, mat, day_type, eom, cpn_freq);
     *da = r.days.da;
@@ -131,19 +132,22 @@ ORVEL_EXPORT(int32_t) reg_per_info(int32_t settle_m, int32_t settle_d, int32_t s
     return r.days.dr;
 }
 
+}  // namespace
+
+ORVEL_EXPORT(int32_t) reg_per_info(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
+                                   int32_t mat_d, int32_t mat_y, int32_t day_type, int32_t eom, int32_t cpn_freq,
+                                   int32_t* da, int32_t* dp, int32_t* dr, int32_t* nper, int32_t* frac,
+                                   int32_t validate, uint32_t* err_code) {
+    return regular_info_as<int32_t>({settle_m, settle_d, settle_y}, {mat_m, mat_d, mat_y}, day_type, eom, cpn_freq,
+                                    da, dp, dr, nper, frac, validate, err_code);
+}
+
 ORVEL_EXPORT(double) d_regperinfo(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
                                   int32_t mat_d, int32_t mat_y, int32_t day_type, int32_t eom, int32_t cpn_freq,
                                   double* da, double* dp, double* dr, double* nper, double* frac, int32_t validate,
                                   uint32_t* err_code) {
-    const Date settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
-    if (validate && !valid_term(settle, mat, cpn_freq, err_code)) return 0.0;
-    const auto r = orvel::schedule::regular_info(settle, mat, day_type, eom, cpn_freq);
-    *da = r.days.da;
-    *dp = r.days.dp;
-    *dr = r.days.dr;
-    *nper = r.count.nper;
-    *frac = r.count.frac;
-    return r.days.dr;
+    return regular_info_as<double>({settle_m, settle_d, settle_y}, {mat_m, mat_d, mat_y}, day_type, eom, cpn_freq,
+                                   da, dp, dr, nper, frac, validate, err_code);
 }
 
 ORVEL_EXPORT(double) d_qlb2dpdadr(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
