@@ -20,6 +20,9 @@ TEST(YearsBetween, AnniversariesAndDayCounts) {
         // 2/28/2001 is a month end, so its anniversaries are month ends: 2/28/2003 to 2/29/2004 is the
         // last anniversary year, and 2/28/2004 lies a day before its end
         {2, 28, 2001, 2, 28, 2004, 1, 2.0 + 365.0 / 366.0},
+        // 2/28/2004 is no month end, but its anniversary 2/28/2007 is, so that anniversary year runs to
+        // 2/29/2008: four years less a day of 366
+        {2, 28, 2004, 2, 28, 2008, 1, 3.0 + 365.0 / 366.0},
         {6, 10, 2001, 6, 10, 2001, 1, 0.0},
         {1, 31, 2001, 7, 31, 2001, 2, 0.5},           // 180 / 360
         {2, 28, 2001, 8, 28, 2001, 4, 178.0 / 360.0}, // SIA February end

@@ -1,0 +1,149 @@
+// The library allocates nothing: every export, called through the export table with the arguments of its
+// sample lines, must not reach malloc, calloc, realloc, free or operator new/delete.
+//
+// The allocation functions of this test binary are replaced by counting ones; counting is switched on for
+// the invoke alone (parsing a call allocates, calling it must not). Under AddressSanitizer, which owns the
+// allocator, the sanitizer's allocation hooks do the counting instead.
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <cstddef>
+#include <cstdlib>
+#include <new>
+
+#include "sample_workload.hpp"
+
+namespace {
+
+thread_local bool counting = false;
+thread_local long allocations = 0;
+
+void note_allocation() {
+    if (counting) ++allocations;
+}
+
+}  // namespace
+
+#if defined(__SANITIZE_ADDRESS__)
+#define ORVEL_TEST_ASAN 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define ORVEL_TEST_ASAN 1
+#endif
+#endif
+
+#ifdef ORVEL_TEST_ASAN
+extern "C" int __sanitizer_install_malloc_and_free_hooks(void (*malloc_hook)(const volatile void*, std::size_t),
+                                                          void (*free_hook)(const volatile void*));
+namespace {
+void on_malloc(const volatile void*, std::size_t) { note_allocation(); }
+void on_free(const volatile void*) { note_allocation(); }
+const int hooks_installed = __sanitizer_install_malloc_and_free_hooks(on_malloc, on_free);
+}  // namespace
+#else
+// glibc's own entry points, which the replacements forward to.
+extern "C" {
+void* __libc_malloc(std::size_t size);
+void* __libc_calloc(std::size_t count, std::size_t size);
+void* __libc_realloc(void* p, std::size_t size);
+void* __libc_memalign(std::size_t alignment, std::size_t size);
+void __libc_free(void* p);
+
+void* malloc(std::size_t size) noexcept {
+    note_allocation();
+    return __libc_malloc(size);
+}
+void* calloc(std::size_t count, std::size_t size) noexcept {
+    note_allocation();
+    return __libc_calloc(count, size);
+}
+void* realloc(void* p, std::size_t size) noexcept {
+    note_allocation();
+    return __libc_realloc(p, size);
+}
+void* aligned_alloc(std::size_t alignment, std::size_t size) noexcept {
+    note_allocation();
+    return __libc_memalign(alignment, size);
+}
+int posix_memalign(void** out, std::size_t alignment, std::size_t size) noexcept {
+    note_allocation();
+    void* p = __libc_memalign(alignment, size);
+    if (p == nullptr) return ENOMEM;
+    *out = p;
+    return 0;
+}
+void free(void* p) noexcept {
+    if (p != nullptr) note_allocation();
+    __libc_free(p);
+}
+}  // extern "C"
+
+void* operator new(std::size_t size) {
+    if (void* p = std::malloc(size == 0 ? 1 : size)) return p;
+    throw std::bad_alloc();
+}
+void* operator new[](std::size_t size) { return ::operator new(size); }
+void operator delete(void* p) noexcept { std::free(p); }
+void operator delete[](void* p) noexcept { std::free(p); }
+void operator delete(void* p, std::size_t) noexcept { std::free(p); }
+void operator delete[](void* p, std::size_t) noexcept { std::free(p); }
+#endif
+
+namespace {
+
+using orvel::reliability::arg_index;
+using orvel::reliability::SampleCall;
+
+// Allocations made on this thread while it lives.
+class AllocationCount {
+public:
+    AllocationCount() {
+        allocations = 0;
+        counting = true;
+    }
+    ~AllocationCount() { counting = false; }
+    long stop() {
+        counting = false;
+        return allocations;
+    }
+};
+
+// Keeps the compiler from pairing and removing the allocations of the self-test.
+[[gnu::noinline]] void* opaque(void* p) {
+    asm volatile("" : : "r"(p) : "memory");
+    return p;
+}
+
+TEST(NoAllocation, CounterSeesEveryAllocationFunction) {
+    AllocationCount count;
+    delete static_cast<int*>(opaque(new int(1)));
+    delete[] static_cast<double*>(opaque(new double[4]));
+    std::free(opaque(std::malloc(8)));
+    std::free(opaque(std::calloc(2, 8)));
+    std::free(opaque(std::realloc(nullptr, 8)));
+    // new, new[], malloc, calloc and realloc, each with its release
+    EXPECT_GE(count.stop(), 10);
+}
+
+TEST(NoAllocation, EverySampleCallAllocatesNothing) {
+    auto samples = orvel::reliability::parse_samples();
+    const auto missing = orvel::reliability::exports_without_sample(samples);
+    std::string list;
+    for (const std::string& name : missing) list += " " + name;
+    EXPECT_TRUE(missing.empty()) << missing.size() << " exports have no sample call in tests/calls/*.calls, so "
+                                 << "nothing shows that they allocate nothing:" << list;
+    for (SampleCall& s : samples) {
+        SCOPED_TRACE(s.where + ": " + s.text);
+        // A function with a validate flag is called both ways: validators and calculation paths differ.
+        const int validate = arg_index(s.call.spec(), "validate");
+        for (int flag : {1, 0}) {
+            if (validate >= 0) s.call.args()[static_cast<std::size_t>(validate)].ints0[0] = flag;
+            AllocationCount count;
+            s.call.invoke();
+            EXPECT_EQ(count.stop(), 0) << "validate " << flag;
+            if (validate < 0) break;
+        }
+    }
+}
+
+}  // namespace
