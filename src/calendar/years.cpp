@@ -3,7 +3,7 @@
 #include "calendar/years.hpp"
 
 #include "calendar/day_count.hpp"
-#include "frame/check.hpp"
+#include "calendar/checks.hpp"
 #include "orvel/calendar.h"
 
 namespace orvel::cal {
@@ -47,9 +47,7 @@ double years_between(int32_t day_type, Date a, Date b) {
 ORVEL_EXPORT(double) years_b_MDYs(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t d2, int32_t y2,
                                   int32_t day_type, int32_t validate, uint32_t* err_code) {
     if (validate && !orvel::Check(err_code)
-                         .call(0, ok_day_type, day_type)
-                         .call(0, ok_MDY, m1, d1, y1, 1)
-                         .call(0, ok_MDY, m2, d2, y2, 1)
+                         .step([&](uint32_t* e) { return orvel::cal::day_count_args_ok(day_type, m1, d1, y1, m2, d2, y2, e); })
                          .call(0, is_MDYleMDY, m1, d1, y1, m2, d2, y2, day_type, 0)
                          .ok())
         return 0.0;

@@ -90,6 +90,18 @@ TEST(MonthSteps, EveryDateAgainstCivilCalendar) {
     }
 }
 
+TEST(DaySteps, InvalidDayCarriesIntoTheNextMonth) {
+    MDY v{2, 30, 2001};
+    EXPECT_EQ(incr_by_days(0, &v.m, &v.d, &v.y), 2001);
+    EXPECT_EQ(v, (MDY{3, 2, 2001}));
+    v = {2, 30, 2000};
+    incr_by_days(0, &v.m, &v.d, &v.y);
+    EXPECT_EQ(v, (MDY{3, 1, 2000}));
+    v = {12, 20, 1999};
+    EXPECT_EQ(incr_by_days(45, &v.m, &v.d, &v.y), 2000);
+    EXPECT_EQ(v, (MDY{2, 3, 2000}));  // 11 days to 12/31, 31 in January, 3 in February
+}
+
 TEST(EomFixup, ReturnsTheTargetMonthEnd) {
     MDY to{2, 31, 2001};
     EXPECT_EQ(eom_fixup(1, 31, 2001, &to.m, &to.d, &to.y, 0), 28);
