@@ -13,7 +13,7 @@ namespace orvel::schedule {
 using cal::Date;
 
 // Serial month of a date (year * 12 + month - 1), 64-bit so that no caller's year can overflow it.
-constexpr int64_t month_index(Date x) { return int64_t{x.y} * 12 + (x.m - 1); }
+constexpr int64_t month_index(Date x) { return int64_t{x.y} * 12 + (int64_t{x.m} - 1); }
 
 // Calendar order read off the fields (year, then month, then day): for valid dates the same as comparing
 // day numbers, without computing them.
