@@ -79,7 +79,7 @@ ORVEL_EXPORT(double) approx_yield(double y_a, double y_b, double y_c, double f_a
  * (A + (redemptn - A) v^-n_after + cpn_amt) v^-nxt_frac - ai, with A = cpn_rate / (g cpn_freq),
  * g = yld / (100 cpn_freq), v = 1 + g. When ai is negative (ex-dividend) the next coupon is left out.
  * Validation (validate != 0), in order: 4001 yld zero; 4100 cpn_rate; 4200 redemptn; 600/601 cpn_freq;
- * 4600 n_after below 1; 4400 nxt_frac negative; 4101 cpn_amt.
+ * 4600 n_after below 1; 4400 nxt_frac negative; 4101 cpn_amt; 4500 ai not finite (any sign is accepted).
  * Errors always checked: 4090 when v is zero or negative; 4001 for a yield of exactly 0, which has no
  * closed form here.
  * Returns the clean price per 100; 0.0 on failure. */
@@ -106,8 +106,8 @@ ORVEL_EXPORT(double) bond_cur_yld(double cpn_rate, double price, double tax1);
  *   cpn_int = tot_int - ioi
  * With nxt_frac = 0 the grown next coupon stays in tot_int but not in the coupon sum: it counts wholly as
  * interest on interest.
- * Validation (validate != 0), in order: 4100 cpn_rate; 600/601 cpn_freq; 4600 n_after below 1; 4400
- * nxt_frac negative; 4101 cpn_amt. On failure the three outputs are left unwritten. */
+ * Validation (validate != 0), in order: 4001 yld not finite; 4100 cpn_rate; 600/601 cpn_freq; 4600 n_after
+ * below 1; 4400 nxt_frac negative; 4101 cpn_amt. On failure the three outputs are left unwritten. */
 ORVEL_EXPORT(void) bond_int_ioi(double yld, int32_t cpn_freq, double cpn_rate, double cpn_amt, int32_t n_after,
                                 double nxt_frac, double* tot_int, double* cpn_int, double* ioi, int32_t validate,
                                 uint32_t* err_code);

@@ -13,7 +13,7 @@ namespace orvel::schedule {
 using cal::Date;
 
 // Serial month of a date (year * 12 + month - 1), 64-bit so that no caller's year can overflow it.
-constexpr int64_t month_index(Date x) { return int64_t{x.y} * 12 + (x.m - 1); }
+constexpr int64_t month_index(Date x) { return int64_t{x.y} * 12 + (int64_t{x.m} - 1); }
 
 constexpr bool on_or_before(Date a, Date b) { return cal::compare(a, b) <= 0; }
 constexpr bool same_date(Date a, Date b) { return a.m == b.m && a.d == b.d && a.y == b.y; }
