@@ -152,20 +152,17 @@ int32_t remove_dates(const Amounts& list, int32_t count, const ConstAmounts& chg
     return kept;
 }
 
-constexpr uint32_t capacity_error(int32_t capacity) {
-    return ORVEL_E_DATE_LIST_BASE + static_cast<uint32_t>(capacity < 0 ? 0 : capacity);
-}
-
 }  // namespace
 
 ORVEL_EXPORT(int32_t) MDY_maint(int32_t action, int32_t* months, int32_t* days, int32_t* years, double* amounts,
                                 int32_t count, int32_t capacity, const int32_t* chg_months,
                                 const int32_t* chg_days, const int32_t* chg_years, const double* chg_amounts,
                                 int32_t chg_count, int32_t validate, uint32_t* err_code) {
+    if (count < 0) count = 0;
     if (chg_count < 0) chg_count = 0;
     orvel::Check check(err_code);
     check.expect(action == 1 || action == -1 || action == -2, ORVEL_E_MAINT_ACTION)
-        .expect(count >= 0 && count <= capacity, capacity_error(capacity));
+        .expect(count <= capacity, ORVEL_E_CAPACITY);
     if (validate) {
         check.step([&](uint32_t* e) { return dates_ok(months, days, years, count, ORVEL_E_DATE_LIST_BASE, e); })
             .step([&](uint32_t* e) {
@@ -186,7 +183,7 @@ ORVEL_EXPORT(int32_t) MDY_maint(int32_t action, int32_t* months, int32_t* days, 
     if (action != 1) return remove_dates(list, count, chg, chg_count, action == -2);
     const int64_t total = count + new_dates(list, count, chg, chg_count);
     if (total > capacity) {
-        orvel::fail(err_code, capacity_error(capacity));
+        orvel::fail(err_code, ORVEL_E_CAPACITY);
         return 0;
     }
     merge_from_back(list, count, static_cast<int32_t>(total), chg, chg_count);
