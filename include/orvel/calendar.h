@@ -174,16 +174,16 @@ ORVEL_EXPORT(int32_t) sort2_MDYs(int32_t* months, int32_t* days, int32_t* years,
  *       amounts are not read); dates that the first list does not hold are ignored.
  *   -2  reduce: the second list's amounts are subtracted from the first's on the same dates, and a date
  *       whose amount becomes exactly 0 leaves the list; dates that the first list does not hold are
- *       ignored. Reducing by the list just merged gives the original list back (with amounts exact in
- *       binary, such as whole cents of a power-of-two fraction).
+ *       ignored. Reducing by the list just merged gives the original list back (exactly when the sums
+ *       are exact in binary floating point, as for multiples of 1/64).
  * Returns the new number of entries of the first list (the arrays are updated in place, entries beyond it
  * are left unspecified).
- * Errors: action not 1, -1 or -2 is 5310. With validate: a bad date at index i of the first list, then of
- * the second, is 12000 + i; the first list not strictly ascending is 7701, the second 7702. Always (the
- * arrays are never written past capacity): count below 0 or above capacity, or a merge that needs more
- * than capacity entries, is 12000 + capacity (the first index that does not exist). On any error the
- * lists are unchanged and 0 is returned. Without validation an unsorted list gives some list, never a
- * write outside the arrays; a chg_count below 0 is taken as 0. */
+ * Errors: action not 1, -1 or -2 is 5310. Always (the arrays are never written past capacity): count
+ * above capacity, or a merge that needs more than capacity entries, is 13000 (arrays too small). With
+ * validate: a bad date at index i of the first list, then of the second, is 12000 + i; the first list
+ * not strictly ascending is 7701, the second 7702. On any error the lists are unchanged and 0 is
+ * returned. A count or chg_count below 0 is taken as 0. Without validation an unsorted list gives some
+ * list, never a write outside the arrays. */
 ORVEL_EXPORT(int32_t) MDY_maint(int32_t action, int32_t* months, int32_t* days, int32_t* years, double* amounts,
                                 int32_t count, int32_t capacity, const int32_t* chg_months,
                                 const int32_t* chg_days, const int32_t* chg_years, const double* chg_amounts,
