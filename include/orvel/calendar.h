@@ -140,8 +140,9 @@ ORVEL_EXPORT(int32_t) incr_by_yrs(double yrs, int32_t* m, int32_t* d, int32_t* y
  * 30/360 codes (2, 3, 4, 5, 6, 10, 11): the day count / 360. Codes 9 and 13: days without 29 February
  * / 365. Code 12: actual days / 365. Codes 1, 7, 8 in whole anniversaries: A is date1's month and day in
  * the last year in which it falls before date2 (month ends kept), and the result is the whole years from
- * date1 to A plus the actual days from A to date2 over the actual days from A to A + 12 months
- * (2/29/2000 to 2/28/2001 is 1.0).
+ * date1 to A plus the actual days from A to date2 over the actual days from A to A + 12 months, that
+ * step too keeping a month end (2/29/2000 to 2/28/2001 is 1.0; 2/28/2004 to 2/28/2008 is 3 + 365/366,
+ * since the anniversary 2/28/2007 is a month end and its year runs to 2/29/2008).
  * With validate: day_type (500, 501), both dates required (1100, 1200, 1300, 1500), date2 before date1
  * is 2000; the result is then 0.0. Without validation a date2 before date1 gives a negative fraction
  * and a day_type outside 1..13 gives 0.0. */
@@ -173,16 +174,16 @@ ORVEL_EXPORT(int32_t) sort2_MDYs(int32_t* months, int32_t* days, int32_t* years,
  *       amounts are not read); dates that the first list does not hold are ignored.
  *   -2  reduce: the second list's amounts are subtracted from the first's on the same dates, and a date
  *       whose amount becomes exactly 0 leaves the list; dates that the first list does not hold are
- *       ignored. Reducing by the list just merged gives the original list back (with amounts exact in
- *       binary, such as whole cents of a power-of-two fraction).
+ *       ignored. Reducing by the list just merged gives the original list back (exactly when the sums
+ *       are exact in binary floating point, as for multiples of 1/64).
  * Returns the new number of entries of the first list (the arrays are updated in place, entries beyond it
  * are left unspecified).
- * Errors: action not 1, -1 or -2 is 5310. With validate: a bad date at index i of the first list, then of
- * the second, is 12000 + i; the first list not strictly ascending is 7701, the second 7702. Always (the
- * arrays are never written past capacity): count below 0 or above capacity, or a merge that needs more
- * than capacity entries, is 12000 + capacity (the first index that does not exist). On any error the
- * lists are unchanged and 0 is returned. Without validation an unsorted list gives some list, never a
- * write outside the arrays; a chg_count below 0 is taken as 0. */
+ * Errors: action not 1, -1 or -2 is 5310. Always (the arrays are never written past capacity): count
+ * above capacity, or a merge that needs more than capacity entries, is 13000 (arrays too small). With
+ * validate: a bad date at index i of the first list, then of the second, is 12000 + i; the first list
+ * not strictly ascending is 7701, the second 7702. On any error the lists are unchanged and 0 is
+ * returned. A count or chg_count below 0 is taken as 0. Without validation an unsorted list gives some
+ * list, never a write outside the arrays. */
 ORVEL_EXPORT(int32_t) MDY_maint(int32_t action, int32_t* months, int32_t* days, int32_t* years, double* amounts,
                                 int32_t count, int32_t capacity, const int32_t* chg_months,
                                 const int32_t* chg_days, const int32_t* chg_years, const double* chg_amounts,
@@ -222,7 +223,8 @@ ORVEL_EXPORT(int32_t) days_aibd360(int32_t m1, int32_t d1, int32_t y1, int32_t m
 ORVEL_EXPORT(int32_t) days_new360(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t d2, int32_t y2);
 
 /* European 30/360, 31st rolled forward: d1 31 counts as 30; a second date on the 31st is moved to the
- * 1st of the next month first, so it counts one day more than the 30th (1/31 to 3/31 is 61). */
+ * 1st of the next month first, so it counts one day more than the 30th (1/31 to 3/31 is 61, and a 31st
+ * to itself is 1: under code 11 a 31st is not equal to itself in is_MDYeqMDY). */
 ORVEL_EXPORT(int32_t) days_eurp360(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t d2, int32_t y2);
 
 /* The serial day number of days_act: 365y + 31(m - 1) + d + z/4 - z/100 + z/400 - c, with z = y - 1 and

@@ -369,6 +369,298 @@ ORVEL_EXPORT(int32_t) ok_hol_table(int32_t count, const int32_t* julians, uint32
  * is not 1, 2, 4 or 12 is 605; a day_type outside 1..13 is 705. */
 ORVEL_EXPORT(int32_t) ok_uspm_type(int32_t uspm_type, int32_t day_type, int32_t cpn_freq, uint32_t* err_code);
 
+/* ---- Date groups -----------------------------------------------------------------------------------------
+ * The dates of one kind of security. Each date is three int32 (month, day, year); a date the validator may
+ * fill with a default is three int32 pointers. A failing date adds its role to the ok_MDY number (1207: bad
+ * settlement month; 1502: a dated date missing while a first coupon is given); an ordering failure adds
+ * both roles, earlier date first, to 2000 (must not be after) or 2100 (must be before). Orderings compare
+ * under day_type where the group takes one (30/360: the 30th and 31st are equal), in actual days otherwise.
+ *
+ * The coupon-bond pattern (ok_bond_MDYs), in this order:
+ *   1. ok_day_type, ok_cpn_freq (no role).
+ *   2. Maturity required (+1), settlement required (+7).
+ *   3. The dated date probed as optional (+2).
+ *   4. Dated date blank: a given first coupon date is 1502 and the dated date is zeroed (0/0/0); with both
+ *      blank the dated date becomes maturity's month and day in 1804 (eom_fixup from maturity under eom)
+ *      and the first coupon that date plus one period: the schedule runs regularly back from maturity.
+ *   5. Dated date given: the coupon periods from it to maturity are counted (num_per_dt under day_type,
+ *      eom, cpn_freq). An odd period needs the first coupon date (blank 1503, malformed +3); a whole number
+ *      of periods fills a blank first coupon with the dated date plus one period (malformed +3).
+ *   6. Dated date not after settlement (2027), before the first coupon (2123); settlement before maturity
+ *      (2171).
+ *   7. First coupon and maturity on one coupon cycle (ok_cpn_sync, with eom only when maturity is a month
+ *      end): else 2231.
+ *   8. When step 4 or 5 supplied a default, err_code is written 0 (over the 1500 of the blank probe).
+ * Defaults are written back through the pointers even when a later step fails. */
+
+/* Discount security: maturity (+1) and settlement (+7) required; settlement before maturity under
+ * day_type (2171). */
+ORVEL_EXPORT(int32_t) ok_disc_MDYs(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                                   int32_t mat_y, int32_t day_type, uint32_t* err_code);
+
+/* Interest at maturity: maturity (+1), settlement (+7) and dated date (+2) required; dated not after
+ * settlement (2027), dated before maturity (2121), settlement before maturity (2171), under day_type. */
+ORVEL_EXPORT(int32_t) ok_amat_MDYs(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                                   int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t day_type,
+                                   uint32_t* err_code);
+
+/* Coupon bond: the pattern above. dated and first_cpn are read and may be written (defaults, zeroing). */
+ORVEL_EXPORT(int32_t) ok_bond_MDYs(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                                   int32_t mat_y, int32_t* dated_m, int32_t* dated_d, int32_t* dated_y,
+                                   int32_t* first_m, int32_t* first_d, int32_t* first_y, int32_t day_type,
+                                   int32_t eom, int32_t cpn_freq, uint32_t* err_code);
+
+/* Japanese government bond: the coupon-bond pattern without step 7 (no 2231). */
+ORVEL_EXPORT(int32_t) ok_jpgb_MDYs(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                                   int32_t mat_y, int32_t* dated_m, int32_t* dated_d, int32_t* dated_y,
+                                   int32_t* first_m, int32_t* first_d, int32_t* first_y, int32_t day_type,
+                                   int32_t eom, int32_t cpn_freq, uint32_t* err_code);
+
+/* Auction security: the coupon-bond pattern without step 7 (no 2231). */
+ORVEL_EXPORT(int32_t) ok_auct_MDYs(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                                   int32_t mat_y, int32_t* dated_m, int32_t* dated_d, int32_t* dated_y,
+                                   int32_t* first_m, int32_t* first_d, int32_t* first_y, int32_t day_type,
+                                   int32_t eom, int32_t cpn_freq, uint32_t* err_code);
+
+/* Bond with odd first and odd last periods (multi-rate terms, and the date check of per_pcd/per_ncd): the
+ * coupon-bond pattern with a last regular coupon date (role 6) that anchors the regular schedule. After
+ * the dated-date probe the last coupon is probed as optional (+6) and a blank one becomes maturity; steps
+ * 4 and 5 count from it instead of maturity; step 6 adds last coupon not after maturity (2061); there is
+ * no step 7. dated, first_cpn and last_cpn are read and may be written. */
+ORVEL_EXPORT(int32_t) ok_mtrm_MDYs(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                                   int32_t mat_y, int32_t* dated_m, int32_t* dated_d, int32_t* dated_y,
+                                   int32_t* first_m, int32_t* first_d, int32_t* first_y, int32_t* last_m,
+                                   int32_t* last_d, int32_t* last_y, int32_t day_type, int32_t eom, int32_t cpn_freq,
+                                   uint32_t* err_code);
+
+/* Odd first and last periods seen from a trade date: ok_mtrm_MDYs, then, unless the trade date is blank,
+ * ok_trade_MDY on it (+4, 2141, 2024). */
+ORVEL_EXPORT(int32_t) ok_ofsl_MDYs(int32_t trade_m, int32_t trade_d, int32_t trade_y, int32_t settle_m,
+                                   int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y,
+                                   int32_t* dated_m, int32_t* dated_d, int32_t* dated_y, int32_t* first_m,
+                                   int32_t* first_d, int32_t* first_y, int32_t* last_m, int32_t* last_d,
+                                   int32_t* last_y, int32_t day_type, int32_t eom, int32_t cpn_freq,
+                                   uint32_t* err_code);
+
+/* Step-coupon bond: the coupon-bond pattern with the step date (role 5, required) checked after the first
+ * coupon; step 6 adds step date before maturity (2151) and first coupon not after the step date (2035). */
+ORVEL_EXPORT(int32_t) ok_stpd_MDYs(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                                   int32_t mat_y, int32_t* dated_m, int32_t* dated_d, int32_t* dated_y,
+                                   int32_t* first_m, int32_t* first_d, int32_t* first_y, int32_t step_m,
+                                   int32_t step_d, int32_t step_y, int32_t day_type, int32_t eom, int32_t cpn_freq,
+                                   uint32_t* err_code);
+
+/* Step-coupon bond with an odd last period: ok_stpd_MDYs with the last regular coupon of ok_mtrm_MDYs
+ * (+6, blank = maturity, 2061) anchoring the schedule; the cycle test (2231) is against that anchor. */
+ORVEL_EXPORT(int32_t) ok_stpd_d_ol(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                                   int32_t mat_y, int32_t* dated_m, int32_t* dated_d, int32_t* dated_y,
+                                   int32_t* first_m, int32_t* first_d, int32_t* first_y, int32_t step_m,
+                                   int32_t step_d, int32_t step_y, int32_t* last_m, int32_t* last_d,
+                                   int32_t* last_y, int32_t day_type, int32_t eom, int32_t cpn_freq,
+                                   uint32_t* err_code);
+
+/* Japanese bond with an odd last period: ok_jpgb_MDYs, then ok_mtrm_MDYs on the same (completed) dates. */
+ORVEL_EXPORT(int32_t) ok_jpgb_d_ol(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                                   int32_t mat_y, int32_t* dated_m, int32_t* dated_d, int32_t* dated_y,
+                                   int32_t* first_m, int32_t* first_d, int32_t* first_y, int32_t* last_m,
+                                   int32_t* last_d, int32_t* last_y, int32_t day_type, int32_t eom, int32_t cpn_freq,
+                                   uint32_t* err_code);
+
+/* Two dates on one coupon cycle. With validate: date1 before date2 (is_MDYltMDY with validation: the
+ * ok_MDY numbers, 2100) and ok_cpn_freq. The days of month must match, a month end counting as 99 under
+ * eom; a last day of February also matches any later day (2/28 with 8/31). The month numbers must differ
+ * by a multiple of 12 / cpn_freq (years do not enter; a frequency below 1 counts as 1, above 12 as 12).
+ * Otherwise 2200. */
+ORVEL_EXPORT(int32_t) ok_cpn_sync(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t d2, int32_t y2, int32_t eom,
+                                  int32_t cpn_freq, int32_t validate, uint32_t* err_code);
+
+/* Two dates on one weekday-of-month cycle: each the occur-th weekday dow of its month (occur 0: the last;
+ * moved to the Monday when the rule falls on a weekend) and the months a multiple of 12 / cpn_freq apart;
+ * else 2200. With validate first: date1 before date2 (ok_MDY numbers, 2100), ok_cpn_freq, ok_dow_occur,
+ * ok_dow. */
+ORVEL_EXPORT(int32_t) ok_sync_dwm(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t d2, int32_t y2,
+                                  int32_t cpn_freq, int32_t occur, int32_t dow, int32_t validate, uint32_t* err_code);
+
+/* Odd first and last periods on a weekday-of-month schedule rolled forward over weekends and holidays.
+ * Codes: ok_day_type; cpn_freq not 1, 2, 4, 12 is 5413; occur not 0..5 5410; dow not 1..7 5411; the
+ * holiday table (julians, as ok_hol_table) 5412. Dates: maturity (+1), settlement (+7) required; dated
+ * optional (+2), blank with a first coupon given 1502 (zeroed); first coupon required (+3, 1503); last
+ * regular coupon optional (+6), maturity when blank. Order: 2027, 2123 (when a dated date is given), 2171,
+ * 2061. Cycle: first coupon off the rule or off maturity's months 2231, off the last coupon's months 2236,
+ * maturity off the rule 2241, last coupon off the rule 2246. */
+ORVEL_EXPORT(int32_t) ok_ofsl_dwm(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                                  int32_t mat_y, int32_t* dated_m, int32_t* dated_d, int32_t* dated_y,
+                                  int32_t* first_m, int32_t* first_d, int32_t* first_y, int32_t* last_m,
+                                  int32_t* last_d, int32_t* last_y, int32_t day_type, int32_t cpn_freq, int32_t occur,
+                                  int32_t dow, int32_t hol_count, const int32_t* holidays, uint32_t* err_code);
+
+/* Odd periods given by their length in months (first_mths from the dated date to the first coupon,
+ * last_mths from the last regular coupon to maturity; 0 for a regular period). ok_cpn_freq; maturity (+1),
+ * settlement (+7) required; dated (+2), first coupon (+3), last coupon (+6) optional; a dated date blank
+ * while a first coupon is given 1502 (zeroed). first_mths below 0 2851, above two periods 2852; last_mths
+ * below 0 2853, above two periods 2854; a given first coupon not first_mths months after the dated date
+ * 2855; a given last coupon not last_mths months before maturity 2856 (months stepped with eom); then
+ * 2027, 2123, 2171 in actual days; first and last coupon months out of step 2206. */
+ORVEL_EXPORT(int32_t) ok_ogpd_MDYs(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                                   int32_t mat_y, int32_t* dated_m, int32_t* dated_d, int32_t* dated_y,
+                                   int32_t* first_m, int32_t* first_d, int32_t* first_y, int32_t* last_m,
+                                   int32_t* last_d, int32_t* last_y, int32_t first_mths, int32_t last_mths,
+                                   int32_t eom, int32_t cpn_freq, uint32_t* err_code);
+
+/* A date (role 8) before a reference date (role 1) by a whole number of coupon periods: ok_cpn_freq; both
+ * required (+8, +1); date before reference in actual days (2181); on one cycle as ok_cpn_sync sees it
+ * (2281). */
+ORVEL_EXPORT(int32_t) ok_lt_MDY(int32_t m, int32_t d, int32_t y, int32_t ref_m, int32_t ref_d, int32_t ref_y,
+                                int32_t eom, int32_t cpn_freq, uint32_t* err_code);
+
+/* Trade date: required (+4), before maturity (2141); a given dated date must not be after it (2024). Actual
+ * days. */
+ORVEL_EXPORT(int32_t) ok_trade_MDY(int32_t trade_m, int32_t trade_d, int32_t trade_y, int32_t mat_m, int32_t mat_d,
+                                   int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
+                                   uint32_t* err_code);
+
+/* Ex-dividend date: ok_cpn_freq; maturity (+1), settlement (+7), ex-dividend date (+9) required; ex-dividend
+ * before maturity under day_type (2191); then it must fall in the coupon period holding settlement, after
+ * its previous and not after its next coupon date (1609). The period: dated (or one period before the first
+ * coupon) to the first coupon while settlement is before a given first coupon, else the regular schedule
+ * back from maturity. */
+ORVEL_EXPORT(int32_t) ok_exdiv_MDY(int32_t exdiv_m, int32_t exdiv_d, int32_t exdiv_y, int32_t settle_m,
+                                   int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y,
+                                   int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_m, int32_t first_d,
+                                   int32_t first_y, int32_t day_type, int32_t eom, int32_t cpn_freq,
+                                   uint32_t* err_code);
+
+/* The same for a bond with an odd last period: the regular schedule runs back from the last regular coupon
+ * (blank: maturity) and settlement on or after it lies in the period last coupon to maturity. */
+ORVEL_EXPORT(int32_t) ok_exdol_MDY(int32_t exdiv_m, int32_t exdiv_d, int32_t exdiv_y, int32_t settle_m,
+                                   int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y,
+                                   int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_m, int32_t first_d,
+                                   int32_t first_y, int32_t last_m, int32_t last_d, int32_t last_y, int32_t day_type,
+                                   int32_t eom, int32_t cpn_freq, uint32_t* err_code);
+
+/* Early redemption: ok_trade_MDY(trade, mat, dated) (+4, 2141, 2024); the redemption date valid and not
+ * after maturity, else 8510; not before a given dated date, else 8512. */
+ORVEL_EXPORT(int32_t) ok_er_in(int32_t trade_m, int32_t trade_d, int32_t trade_y, int32_t er_m, int32_t er_d,
+                               int32_t er_y, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m,
+                               int32_t dated_d, int32_t dated_y, uint32_t* err_code);
+
+/* Floating-rate note: maturity (+1), settlement (+7), last and next reset dates (+9) required; last reset
+ * not after settlement (2097), settlement before the next reset (2179), last before next reset (2199),
+ * settlement before maturity (2171), actual days; a next reset after maturity is 2600. */
+ORVEL_EXPORT(int32_t) ok_frn_MDYs(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                                  int32_t mat_y, int32_t last_rst_m, int32_t last_rst_d, int32_t last_rst_y,
+                                  int32_t next_rst_m, int32_t next_rst_d, int32_t next_rst_y, uint32_t* err_code);
+
+/* Floating-rate coupon dates: the reference date (settlement) valid and not blank, else 1507; count > 0
+ * (else 10040); each list date valid (12000 + index); the first list date not after the reference date
+ * (10046); the reference date before the last list date (10047). Lists are months[], days[], years[]. */
+ORVEL_EXPORT(int32_t) ok_flt_cpns(int32_t ref_m, int32_t ref_d, int32_t ref_y, int32_t count, const int32_t* months,
+                                  const int32_t* days, const int32_t* years, uint32_t* err_code);
+
+/* Floating-rate resets: the reference date (1507 as above); count > 0 (10041); each reset date valid
+ * (12000 + index); each rate ok_cpn_rate (4100); the dates strictly ascending (10045). */
+ORVEL_EXPORT(int32_t) ok_flt_rcs(int32_t ref_m, int32_t ref_d, int32_t ref_y, int32_t count, const int32_t* months,
+                                 const int32_t* days, const int32_t* years, const double* rates, uint32_t* err_code);
+
+/* Floating-rate inputs, in this order: index_type 1 (set in advance) or 2 (in arrears), else 535; given_type
+ * 1 (a yield) or 2 (a price), else 200, then ok_given; the quoted margin (percent) within -3000..3000, else
+ * 4130; settlement valid (1507); maturity (+1); dated optional (+2); last reset date required (+5);
+ * cpn_count > 0 (10040); rst_count > 0 (10041); rst_freq 1, 2, 4 or 12 (650); last reset not after
+ * settlement (2057); settlement before maturity (2171). */
+ORVEL_EXPORT(int32_t) ok_flt_in(int32_t index_type, int32_t given_type, double given, double margin,
+                                int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                                int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t last_rst_m,
+                                int32_t last_rst_d, int32_t last_rst_y, int32_t rst_freq, int32_t cpn_count,
+                                int32_t rst_count, uint32_t* err_code);
+
+/* Sinking-fund schedule: maturity (+1) and settlement (+7) required; count 0..1000 (else 14300); each date
+ * valid (12000 + index); each amount ok_sf_amt (5100); dates strictly ascending (14300) and not after
+ * maturity (14301); the amounts together at most 100 per 100 (14300). */
+ORVEL_EXPORT(int32_t) ok_sf_in(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                               int32_t mat_y, int32_t count, const int32_t* months, const int32_t* days,
+                               const int32_t* years, const double* amounts, uint32_t* err_code);
+
+/* ---- Input groups ----------------------------------------------------------------------------------------
+ * Every argument of one kind of calculation, in this order: ok_day_type, ok_cpn_freq (where the security has
+ * coupons); calc_type (the given_type: 1 a yield, 2 a price; 1..5 for discount securities), else 200;
+ * ok_given on the given value; ok_cpn_rate (a second rate +1: 4101); the family's date group (its numbers
+ * and roles, run on copies: the defaults it supplies are not written back and err_code is not cleaned
+ * up); ok_redemptn; tax rates +1 (4301) and +2 (4302) where the family has them. */
+
+ORVEL_EXPORT(int32_t) ok_bond_in(int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type, double given,
+                                 double cpn_rate, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
+                                 int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
+                                 int32_t first_m, int32_t first_d, int32_t first_y, double redemptn, double tax1,
+                                 double tax2, uint32_t* err_code);
+
+/* Japanese government bonds: date group ok_jpgb_MDYs; no tax rates. */
+ORVEL_EXPORT(int32_t) ok_jpgb_in(int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type, double given,
+                                 double cpn_rate, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
+                                 int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
+                                 int32_t first_m, int32_t first_d, int32_t first_y, double redemptn,
+                                 uint32_t* err_code);
+
+/* Auction securities: date group ok_auct_MDYs; no tax rates. */
+ORVEL_EXPORT(int32_t) ok_auct_in(int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type, double given,
+                                 double cpn_rate, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
+                                 int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
+                                 int32_t first_m, int32_t first_d, int32_t first_y, double redemptn,
+                                 uint32_t* err_code);
+
+/* Multi-rate terms: date group ok_mtrm_MDYs; two tax rates. */
+ORVEL_EXPORT(int32_t) ok_mtrm_in(int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type, double given,
+                                 double cpn_rate, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
+                                 int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
+                                 int32_t first_m, int32_t first_d, int32_t first_y, int32_t last_m, int32_t last_d,
+                                 int32_t last_y, double redemptn, double tax1, double tax2, uint32_t* err_code);
+
+/* Japanese bonds with an odd last period: ok_day_type, ok_1or2_side (590, 591), ok_cpn_freq; date group
+ * ok_jpgb_d_ol; no tax rates. */
+ORVEL_EXPORT(int32_t) ok_jpgb_inol(int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t side, int32_t calc_type,
+                                   double given, double cpn_rate, int32_t settle_m, int32_t settle_d,
+                                   int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m,
+                                   int32_t dated_d, int32_t dated_y, int32_t first_m, int32_t first_d,
+                                   int32_t first_y, int32_t last_m, int32_t last_d, int32_t last_y, double redemptn,
+                                   uint32_t* err_code);
+
+/* Odd first and last periods: date group ok_ofsl_MDYs (with the trade date); no tax rates. */
+ORVEL_EXPORT(int32_t) ok_ofsl_in(int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type, double given,
+                                 double cpn_rate, int32_t trade_m, int32_t trade_d, int32_t trade_y, int32_t settle_m,
+                                 int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y,
+                                 int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_m, int32_t first_d,
+                                 int32_t first_y, int32_t last_m, int32_t last_d, int32_t last_y, double redemptn,
+                                 uint32_t* err_code);
+
+/* Step coupons: the rate before the step, then the rate after it (+1: 4101); date group ok_stpd_MDYs. */
+ORVEL_EXPORT(int32_t) ok_stpd_in(int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type, double given,
+                                 double cpn_rate, double cpn_rate2, int32_t settle_m, int32_t settle_d,
+                                 int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m,
+                                 int32_t dated_d, int32_t dated_y, int32_t first_m, int32_t first_d, int32_t first_y,
+                                 int32_t step_m, int32_t step_d, int32_t step_y, double redemptn, double tax1,
+                                 double tax2, uint32_t* err_code);
+
+/* Step coupons with an odd last period: as ok_stpd_in with date group ok_stpd_d_ol. */
+ORVEL_EXPORT(int32_t) ok_stpd_inol(int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type, double given,
+                                   double cpn_rate, double cpn_rate2, int32_t settle_m, int32_t settle_d,
+                                   int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m,
+                                   int32_t dated_d, int32_t dated_y, int32_t first_m, int32_t first_d,
+                                   int32_t first_y, int32_t step_m, int32_t step_d, int32_t step_y, int32_t last_m,
+                                   int32_t last_d, int32_t last_y, double redemptn, double tax1, double tax2,
+                                   uint32_t* err_code);
+
+/* Interest at maturity: no frequency; date group ok_amat_MDYs (dated date required); two tax rates. */
+ORVEL_EXPORT(int32_t) ok_at_mat_in(int32_t day_type, int32_t calc_type, double given, double cpn_rate,
+                                   int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                                   int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, double redemptn,
+                                   double tax1, double tax2, uint32_t* err_code);
+
+/* Discount securities: no frequency or coupon; calc_type 1..5 (1 money-market yield, 2 price, 3 discount
+ * rate, 4 compound-equivalent and 5 bond-equivalent yield, as ok_given reads them); date group ok_disc_MDYs;
+ * two tax rates. */
+ORVEL_EXPORT(int32_t) ok_disc_in(int32_t day_type, int32_t calc_type, double given, int32_t settle_m, int32_t settle_d,
+                                 int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y, double redemptn,
+                                 double tax1, double tax2, uint32_t* err_code);
+
 /* ---- Security defaults ----------------------------------------------------------------------------------
  * get_sec_dflt: the conventions of market `sec_type`. Each of the ten slots is filled with the market's
  * default only when its pointer is not `absent` (nor null) and the word it points to holds -1; any other

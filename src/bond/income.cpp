@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "frame/check.hpp"
+#include "frame/validators.hpp"
 #include "orvel/bond.h"
 
 ORVEL_EXPORT(double) bond_cur_yld(double cpn_rate, double price, double tax1) {
@@ -14,6 +15,7 @@ ORVEL_EXPORT(void) bond_int_ioi(double yld, int32_t cpn_freq, double cpn_rate, d
                                 double nxt_frac, double* tot_int, double* cpn_int, double* ioi, int32_t validate,
                                 uint32_t* err_code) {
     if (validate != 0 && !orvel::Check(err_code)
+                              .expect(orvel::finite(yld), ORVEL_E_GIVEN_BASE + 1)
                               .call(0, ok_cpn_rate, cpn_rate)
                               .call(0, ok_cpn_freq, cpn_freq)
                               .call(0, ok_full_per, n_after)

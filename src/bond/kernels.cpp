@@ -3,6 +3,7 @@
 
 #include "bond/solver.hpp"
 #include "frame/check.hpp"
+#include "frame/validators.hpp"
 #include "orvel/bond.h"
 
 namespace {
@@ -100,7 +101,7 @@ ORVEL_EXPORT(double) approx_yield(double y_a, double y_b, double y_c, double f_a
 namespace {
 
 bool valid_aibd(double given, int32_t given_type, double cpn_rate, double redemptn, int32_t cpn_freq,
-                int32_t n_after, double nxt_frac, double cpn_amt, uint32_t* err_code) {
+                int32_t n_after, double nxt_frac, double cpn_amt, double ai, uint32_t* err_code) {
     return Check(err_code)
         .call(0, ok_given, given, given_type)
         .call(0, ok_cpn_rate, cpn_rate)
@@ -109,6 +110,7 @@ bool valid_aibd(double given, int32_t given_type, double cpn_rate, double redemp
         .call(0, ok_full_per, n_after)
         .call(0, ok_days_pcnt, nxt_frac)
         .call(1, ok_cpn_rate, cpn_amt)
+        .expect(orvel::finite(ai), ORVEL_E_AI)  // any sign: a negative ai is the ex-dividend case
         .ok();
 }
 
@@ -117,7 +119,7 @@ bool valid_aibd(double given, int32_t given_type, double cpn_rate, double redemp
 ORVEL_EXPORT(double) aibd_p(double yld, double cpn_rate, double redemptn, int32_t cpn_freq, int32_t n_after,
                             double nxt_frac, double cpn_amt, double ai, int32_t validate, uint32_t* err_code) {
     if (validate != 0 &&
-        !valid_aibd(yld, given_yield, cpn_rate, redemptn, cpn_freq, n_after, nxt_frac, cpn_amt, err_code))
+        !valid_aibd(yld, given_yield, cpn_rate, redemptn, cpn_freq, n_after, nxt_frac, cpn_amt, ai, err_code))
         return 0.0;
     const Terms t = terms_of(cpn_rate, redemptn, 0.0, 0.0, cpn_freq, n_after, nxt_frac, cpn_amt, ai);
     return orvel::bond::price_aibd(t, yld, err_code);
@@ -126,7 +128,7 @@ ORVEL_EXPORT(double) aibd_p(double yld, double cpn_rate, double redemptn, int32_
 ORVEL_EXPORT(double) aibd_y(double price, double cpn_rate, double redemptn, int32_t cpn_freq, int32_t n_after,
                             double nxt_frac, double cpn_amt, double ai, int32_t validate, uint32_t* err_code) {
     if (validate != 0 &&
-        !valid_aibd(price, given_price, cpn_rate, redemptn, cpn_freq, n_after, nxt_frac, cpn_amt, err_code))
+        !valid_aibd(price, given_price, cpn_rate, redemptn, cpn_freq, n_after, nxt_frac, cpn_amt, ai, err_code))
         return 0.0;
     const Terms t = terms_of(cpn_rate, redemptn, 0.0, 0.0, cpn_freq, n_after, nxt_frac, cpn_amt, ai);
     const double guess = orvel::bond::yield_guess(price, cpn_rate, redemptn, n_after, nxt_frac);

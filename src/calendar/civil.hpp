@@ -65,7 +65,7 @@ constexpr int64_t floor_div12(int64_t v) { return v >= 0 ? v / 12 : -((-v + 11) 
 
 // The date n months on, the day kept (or fixed up to the month end as above).
 constexpr Date add_months(Date from, int64_t n, bool eom) {
-    const int64_t total = int64_t{from.y} * 12 + (from.m - 1) + n;
+    const int64_t total = int64_t{from.y} * 12 + (int64_t{from.m} - 1) + n;
     const int64_t years = floor_div12(total);
     Date to{static_cast<int32_t>(total - years * 12 + 1), from.d, static_cast<int32_t>(years)};
     to.d = fixed_day(from, to, eom);

@@ -1,19 +1,14 @@
 // The exported day-count kernels and the dispatcher over day_type.
 #include "calendar/day_count.hpp"
 
-#include "frame/check.hpp"
+#include "calendar/checks.hpp"
 #include "orvel/calendar.h"
 
 namespace cal = orvel::cal;
 
 ORVEL_EXPORT(int32_t) days_b_MDYs(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t d2, int32_t y2,
                                   int32_t day_type, int32_t validate, uint32_t* err_code) {
-    if (validate && !orvel::Check(err_code)
-                         .call(0, ok_day_type, day_type)
-                         .call(0, ok_MDY, m1, d1, y1, 1)
-                         .call(0, ok_MDY, m2, d2, y2, 1)
-                         .ok())
-        return 0;
+    if (validate && !cal::day_count_args_ok(day_type, m1, d1, y1, m2, d2, y2, err_code)) return 0;
     return cal::days_by_type(day_type, m1, d1, y1, m2, d2, y2);
 }
 

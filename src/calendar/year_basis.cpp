@@ -78,9 +78,8 @@ ORVEL_EXPORT(int32_t) days_actf_yr(int32_t m1, int32_t d1, int32_t y1, int32_t m
         return 0;
     if (!by_period) return year_by_method(a, b, c, yr_method);
     // Actual/actual by coupon period: a year is cpn_freq periods as long as the period measured.
-    const int32_t months = cal::months_per_period(cpn_freq);
-    const int64_t periods = 12 / months;
-    const cal::Date start = yr_method == 11 ? b : cal::add_months(c, -months, true);
+    const int64_t periods = cpn_freq < 1 ? 1 : cpn_freq;
+    const cal::Date start = yr_method == 11 ? b : cal::add_months(c, -cal::months_per_period(cpn_freq), true);
     return cal::narrow(periods * actual_days(start, c));
 }
 

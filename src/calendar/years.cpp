@@ -3,7 +3,7 @@
 #include "calendar/years.hpp"
 
 #include "calendar/day_count.hpp"
-#include "frame/check.hpp"
+#include "calendar/checks.hpp"
 #include "orvel/calendar.h"
 
 namespace orvel::cal {
@@ -44,14 +44,12 @@ double years_between(int32_t day_type, Date a, Date b) {
 
 }  // namespace orvel::cal
 
+namespace cal = orvel::cal;
+
 ORVEL_EXPORT(double) years_b_MDYs(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t d2, int32_t y2,
                                   int32_t day_type, int32_t validate, uint32_t* err_code) {
-    if (validate && !orvel::Check(err_code)
-                         .call(0, ok_day_type, day_type)
-                         .call(0, ok_MDY, m1, d1, y1, 1)
-                         .call(0, ok_MDY, m2, d2, y2, 1)
-                         .call(0, is_MDYleMDY, m1, d1, y1, m2, d2, y2, day_type, 0)
-                         .ok())
-        return 0.0;
-    return orvel::cal::years_between(day_type, {m1, d1, y1}, {m2, d2, y2});
+    const auto args_ok = [&](uint32_t* e) { return cal::day_count_args_ok(day_type, m1, d1, y1, m2, d2, y2, e); };
+    const auto in_order = [&](uint32_t* e) { return is_MDYleMDY(m1, d1, y1, m2, d2, y2, day_type, 0, e) != 0; };
+    if (validate && !orvel::Check(err_code).step(args_ok).step(in_order).ok()) return 0.0;
+    return cal::years_between(day_type, {m1, d1, y1}, {m2, d2, y2});
 }

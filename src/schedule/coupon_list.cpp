@@ -7,9 +7,9 @@
 namespace {
 
 using orvel::schedule::Date;
+using orvel::schedule::blank;
 using orvel::cal::compare;
 
-bool blank(Date x) { return x.m == 0 && x.d == 0 && (x.y == 0 || x.y == 1900 || x.y == 2000); }
 
 // The coupon dates after settle as three pieces, oldest first: the first coupon (when settlement precedes
 // it), the regular dates stepped back from the anchor, and maturity after a last regular coupon.

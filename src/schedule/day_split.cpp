@@ -54,13 +54,10 @@ bool valid_period(Date pcd, Date ncd, Date settle, int32_t day_type, uint32_t* e
         .ok();
 }
 
-}  // namespace
-
-ORVEL_EXPORT(int32_t) per2dp_da_dr(int32_t pcd_m, int32_t pcd_d, int32_t pcd_y, int32_t ncd_m, int32_t ncd_d,
-                                   int32_t ncd_y, int32_t settle_m, int32_t settle_d, int32_t settle_y,
-                                   int32_t day_type, int32_t cpn_freq, int32_t* da, int32_t* dp, int32_t* dr,
-                                   int32_t validate, uint32_t* err_code) {
-    const Date pcd{pcd_m, pcd_d, pcd_y}, ncd{ncd_m, ncd_d, ncd_y}, settle{settle_m, settle_d, settle_y};
+// per2dp_da_dr in the integer or the double form.
+template <class T>
+T split_as(Date pcd, Date ncd, Date settle, int32_t day_type, int32_t cpn_freq, T* da, T* dp, T* dr,
+           int32_t validate, uint32_t* err_code) {
     if (validate && !valid_period(pcd, ncd, settle, day_type, err_code)) return 0;
     const auto s = orvel::schedule::split_period(pcd, ncd, settle, day_type, cpn_freq);
     *da = s.da;
@@ -69,15 +66,20 @@ ORVEL_EXPORT(int32_t) per2dp_da_dr(int32_t pcd_m, int32_t pcd_d, int32_t pcd_y, 
     return s.dr;
 }
 
+}  // namespace
+
+ORVEL_EXPORT(int32_t) per2dp_da_dr(int32_t pcd_m, int32_t pcd_d, int32_t pcd_y, int32_t ncd_m, int32_t ncd_d,
+                                   int32_t ncd_y, int32_t settle_m, int32_t settle_d, int32_t settle_y,
+                                   int32_t day_type, int32_t cpn_freq, int32_t* da, int32_t* dp, int32_t* dr,
+                                   int32_t validate, uint32_t* err_code) {
+    return split_as<int32_t>({pcd_m, pcd_d, pcd_y}, {ncd_m, ncd_d, ncd_y}, {settle_m, settle_d, settle_y}, day_type,
+                             cpn_freq, da, dp, dr, validate, err_code);
+}
+
 ORVEL_EXPORT(double) d_per2dpdadr(int32_t pcd_m, int32_t pcd_d, int32_t pcd_y, int32_t ncd_m, int32_t ncd_d,
                                   int32_t ncd_y, int32_t settle_m, int32_t settle_d, int32_t settle_y,
                                   int32_t day_type, int32_t cpn_freq, double* da, double* dp, double* dr,
                                   int32_t validate, uint32_t* err_code) {
-    const Date pcd{pcd_m, pcd_d, pcd_y}, ncd{ncd_m, ncd_d, ncd_y}, settle{settle_m, settle_d, settle_y};
-    if (validate && !valid_period(pcd, ncd, settle, day_type, err_code)) return 0.0;
-    const auto s = orvel::schedule::split_period(pcd, ncd, settle, day_type, cpn_freq);
-    *da = s.da;
-    *dp = s.dp;
-    *dr = s.dr;
-    return s.dr;
+    return split_as<double>({pcd_m, pcd_d, pcd_y}, {ncd_m, ncd_d, ncd_y}, {settle_m, settle_d, settle_y}, day_type,
+                            cpn_freq, da, dp, dr, validate, err_code);
 }

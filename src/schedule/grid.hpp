@@ -13,14 +13,31 @@ namespace orvel::schedule {
 using cal::Date;
 
 // Serial month of a date (year * 12 + month - 1), 64-bit so that no caller's year can overflow it.
-constexpr int64_t month_index(Date x) { return int64_t{x.y} * 12 + (x.m - 1); }
+constexpr int64_t month_index(Date x) { return int64_t{x.y} * 12 + (int64_t{x.m} - 1); }
 
-constexpr bool on_or_before(Date a, Date b) { return cal::compare(a, b) <= 0; }
+// Calendar order read off the fields (year, then month, then day): for valid dates the same as comparing
+// day numbers, without computing them.
+constexpr bool on_or_before(Date a, Date b) {
+    if (a.y != b.y) return a.y < b.y;
+    if (a.m != b.m) return a.m < b.m;
+    return a.d <= b.d;
+}
 constexpr bool same_date(Date a, Date b) { return a.m == b.m && a.d == b.d && a.y == b.y; }
 
 // The anchor moved n periods (negative n: back), with the end-of-month rule when eom is set.
 constexpr Date grid_date(Date anchor, int64_t n, int32_t cpn_freq, int32_t eom) {
     return cal::add_months(anchor, n * cal::months_per_period(cpn_freq), eom != 0);
+}
+
+// Whole periods in a month distance, truncated toward zero; the usual period lengths divide by a constant.
+constexpr int64_t whole_periods(int64_t months, int32_t per_months) {
+    switch (per_months) {
+    case 12: return months / 12;
+    case 6: return months / 6;
+    case 3: return months / 3;
+    case 1: return months;
+    default: return months / per_months;
+    }
 }
 
 // Where `settle` stands on the grid of `anchor`: pcd <= settle < ncd, pcd being `periods` periods before
@@ -38,11 +55,15 @@ struct Bracket {
 constexpr Bracket locate(Date settle, Date anchor, int32_t cpn_freq, int32_t eom) {
     const int32_t per_months = cal::months_per_period(cpn_freq);
     if (per_months == 0) return {anchor, anchor, 0};
-    const int64_t q = (month_index(anchor) - month_index(settle)) / per_months;
-    const Date probe = grid_date(anchor, -q, cpn_freq, eom);
-    if (on_or_before(probe, settle)) return {probe, grid_date(anchor, 1 - q, cpn_freq, eom), q};
-    return {grid_date(anchor, -q - 1, cpn_freq, eom), probe, q + 1};
+    const int64_t q = whole_periods(month_index(anchor) - month_index(settle), per_months);
+    const bool keep_ends = eom != 0;
+    const Date probe = cal::add_months(anchor, -q * per_months, keep_ends);
+    if (on_or_before(probe, settle)) return {probe, cal::add_months(anchor, (1 - q) * per_months, keep_ends), q};
+    return {cal::add_months(anchor, (-q - 1) * per_months, keep_ends), probe, q + 1};
 }
+
+// A blank optional date: 0/0/0, 0/0/1900 or 0/0/2000.
+constexpr bool blank(Date x) { return x.m == 0 && x.d == 0 && (x.y == 0 || x.y == 1900 || x.y == 2000); }
 
 // A period count narrowed to int32 (a count beyond it only arises from years far outside any calendar).
 constexpr int32_t saturate(int64_t v) {

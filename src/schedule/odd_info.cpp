@@ -34,6 +34,16 @@ void put(const OddPeriod& p, double* da, double* dp, double* dr, double* nper, d
     *frac = p.frac;
 }
 
+// The conventions, then settlement (role 7) and maturity (role 1) as required dates.
+bool valid_terms(Date settle, Date mat, int32_t day_type, int32_t cpn_freq, uint32_t* err_code) {
+    return orvel::Check(err_code)
+        .call(0, ok_day_type, day_type)
+        .call(0, ok_cpn_freq, cpn_freq)
+        .call(ORVEL_ROLE_SETTLE, ok_MDY, settle.m, settle.d, settle.y, 1)
+        .call(ORVEL_ROLE_MATURITY, ok_MDY, mat.m, mat.d, mat.y, 1)
+        .ok();
+}
+
 }  // namespace
 
 ORVEL_EXPORT(double) d_oddperinfo(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
@@ -44,10 +54,7 @@ ORVEL_EXPORT(double) d_oddperinfo(int32_t settle_m, int32_t settle_d, int32_t se
     const Date settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
     const Date dated{dated_m, dated_d, dated_y}, first{first_m, first_d, first_y};
     if (validate && !orvel::Check(err_code)
-                         .call(0, ok_day_type, day_type)
-                         .call(0, ok_cpn_freq, cpn_freq)
-                         .call(ORVEL_ROLE_SETTLE, ok_MDY, settle.m, settle.d, settle.y, 1)
-                         .call(ORVEL_ROLE_MATURITY, ok_MDY, mat.m, mat.d, mat.y, 1)
+                         .step([&](uint32_t* e) { return valid_terms(settle, mat, day_type, cpn_freq, e); })
                          .call(ORVEL_ROLE_DATED, ok_MDY, dated.m, dated.d, dated.y, 1)
                          .call(ORVEL_ROLE_FIRST_CPN, ok_MDY, first.m, first.d, first.y, 1)
                          .expect(compare(dated, settle) <= 0, ORVEL_E_NOT_LE + 27)
@@ -71,10 +78,7 @@ ORVEL_EXPORT(double) d_lstperinfo(int32_t settle_m, int32_t settle_d, int32_t se
                                   double* nper, double* frac, int32_t validate, uint32_t* err_code) {
     const Date settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y}, last{last_m, last_d, last_y};
     if (validate && !orvel::Check(err_code)
-                         .call(0, ok_day_type, day_type)
-                         .call(0, ok_cpn_freq, cpn_freq)
-                         .call(ORVEL_ROLE_SETTLE, ok_MDY, settle.m, settle.d, settle.y, 1)
-                         .call(ORVEL_ROLE_MATURITY, ok_MDY, mat.m, mat.d, mat.y, 1)
+                         .step([&](uint32_t* e) { return valid_terms(settle, mat, day_type, cpn_freq, e); })
                          .call(ORVEL_ROLE_LAST_CPN, ok_MDY, last.m, last.d, last.y, 1)
                          .expect(compare(last, settle) <= 0, ORVEL_E_NOT_LE + 67)
                          .expect(compare(settle, mat) < 0, ORVEL_E_NOT_LT + 71)

@@ -9,10 +9,9 @@ namespace {
 
 using orvel::schedule::Bracket;
 using orvel::schedule::Date;
+using orvel::schedule::blank;
 using orvel::cal::compare;
 
-// A blank optional date: 0/0/0, 0/0/1900 or 0/0/2000.
-bool blank(Date x) { return x.m == 0 && x.d == 0 && (x.y == 0 || x.y == 1900 || x.y == 2000); }
 
 void put(Date x, int32_t* m, int32_t* d, int32_t* y) {
     *m = x.m;

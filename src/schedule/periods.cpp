@@ -8,7 +8,7 @@
 namespace orvel::schedule {
 
 Bracket coupon_dates(Date settle, Date mat, int32_t cpn_freq, int32_t eom) {
-    if (cal::compare(settle, mat) == 0) return {mat, mat, 0};
+    if (same_date(settle, mat)) return {mat, mat, 0};
     return locate(settle, mat, cpn_freq, eom);
 }
 
@@ -29,14 +29,14 @@ PeriodCount count_periods(Date settle, Date mat, int32_t day_type, int32_t eom, 
 
 RegularInfo regular_info(Date settle, Date mat, int32_t day_type, int32_t eom, int32_t cpn_freq) {
     const Bracket b = locate(settle, mat, cpn_freq, eom);
-    const bool at_maturity = cal::compare(settle, mat) == 0;
-    const DaySplit days = at_maturity ? split_period(mat, mat, settle, day_type, cpn_freq)
-                                      : split_period(b.pcd, b.ncd, settle, day_type, cpn_freq);
-    // The whole-period test counts under its own basis; reuse the split when that basis is day_type.
-    const int32_t basis = whole_period_basis(day_type);
-    const DaySplit test = (basis == day_type && !at_maturity) ? days
-                                                              : split_period(b.pcd, b.ncd, settle, basis, cpn_freq);
-    return {days, count_from(b, test, day_type)};
+    const bool at_maturity = same_date(settle, mat);
+    const DaySplit days = split_period(at_maturity ? mat : b.pcd, at_maturity ? mat : b.ncd, settle, day_type, cpn_freq);
+    // The whole-period test of count_periods without a second split: on calendar days (codes 1, 7, 8, 12,
+    // 13, whose da is an actual count) a whole period remains exactly when nothing has accrued, as it does
+    // at maturity; every other code tests under itself, on the split just made.
+    const bool calendar_test = at_maturity || whole_period_basis(day_type) == 1;
+    const bool whole = calendar_test ? days.da == 0 : leaves_whole_period(days, day_type);
+    return {days, whole ? PeriodCount{saturate(b.periods), 0} : PeriodCount{saturate(b.periods - 1), 1}};
 }
 
 }  // namespace orvel::schedule
@@ -116,11 +116,12 @@ ORVEL_EXPORT(int32_t) num_per_dt(int32_t settle_m, int32_t settle_d, int32_t set
     return c.nper;
 }
 
-ORVEL_EXPORT(int32_t) reg_per_info(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
-                                   int32_t mat_d, int32_t mat_y, int32_t day_type, int32_t eom, int32_t cpn_freq,
-                                   int32_t* da, int32_t* dp, int32_t* dr, int32_t* nper, int32_t* frac,
-                                   int32_t validate, uint32_t* err_code) {
-    const Date settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
+namespace {
+
+// reg_per_info in the integer or the double form: the same checks, the same five results.
+template <class T>
+T regular_info_as(Date settle, Date mat, int32_t day_type, int32_t eom, int32_t cpn_freq, T* da, T* dp, T* dr,
+                  T* nper, T* frac, int32_t validate, uint32_t* err_code) {
     if (validate && !valid_term(settle, mat, cpn_freq, err_code)) return 0;
     const auto r = orvel::schedule::regular_info(settle, mat, day_type, eom, cpn_freq);
     *da = r.days.da;
@@ -131,19 +132,22 @@ ORVEL_EXPORT(int32_t) reg_per_info(int32_t settle_m, int32_t settle_d, int32_t s
     return r.days.dr;
 }
 
+}  // namespace
+
+ORVEL_EXPORT(int32_t) reg_per_info(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
+                                   int32_t mat_d, int32_t mat_y, int32_t day_type, int32_t eom, int32_t cpn_freq,
+                                   int32_t* da, int32_t* dp, int32_t* dr, int32_t* nper, int32_t* frac,
+                                   int32_t validate, uint32_t* err_code) {
+    return regular_info_as<int32_t>({settle_m, settle_d, settle_y}, {mat_m, mat_d, mat_y}, day_type, eom, cpn_freq,
+                                    da, dp, dr, nper, frac, validate, err_code);
+}
+
 ORVEL_EXPORT(double) d_regperinfo(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
                                   int32_t mat_d, int32_t mat_y, int32_t day_type, int32_t eom, int32_t cpn_freq,
                                   double* da, double* dp, double* dr, double* nper, double* frac, int32_t validate,
                                   uint32_t* err_code) {
-    const Date settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
-    if (validate && !valid_term(settle, mat, cpn_freq, err_code)) return 0.0;
-    const auto r = orvel::schedule::regular_info(settle, mat, day_type, eom, cpn_freq);
-    *da = r.days.da;
-    *dp = r.days.dp;
-    *dr = r.days.dr;
-    *nper = r.count.nper;
-    *frac = r.count.frac;
-    return r.days.dr;
+    return regular_info_as<double>({settle_m, settle_d, settle_y}, {mat_m, mat_d, mat_y}, day_type, eom, cpn_freq,
+                                   da, dp, dr, nper, frac, validate, err_code);
 }
 
 ORVEL_EXPORT(double) d_qlb2dpdadr(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,

@@ -23,50 +23,53 @@ struct Thirty360Row {
 
 TEST(Thirty360, MonthEndShapesAgainstHandCounts) {
     const Thirty360Row rows[] = {
-        // 60: nasd 30->30, sia 30->30, aibd 30->30, month end 30->30; eur 30 -> 4/1 (90 - 30 + 1)
+        // 2 months = 60. nasd, sia, aibd, month end: 30 -> 30 = 60; eur: 30 -> 4/1, 90 - 30 + 1 = 61
         {{1, 31, 2001, 3, 31, 2001}, 60, 60, 60, 60, 61},
-        // 60: d1 30 makes d2 31 count 30 (nasd, sia); eur 90 - 30 + 1
+        // 60. d1 30 lets d2 31 count 30 (nasd, sia); aibd, month end 30 -> 30; eur 90 - 30 + 1 = 61
         {{1, 30, 2001, 3, 31, 2001}, 60, 60, 60, 60, 61},
-        // 60: nasd/sia 29->31 = 62; aibd and month end 29->30 = 61; eur 90 - 29 + 1 = 62
+        // 60. nasd, sia 29 -> 31 = 62; aibd, month end 29 -> 30 = 61; eur 90 - 29 + 1 = 62
         {{1, 29, 2001, 3, 31, 2001}, 62, 62, 61, 61, 62},
-        // 30: nasd 28->31 = 33; sia Feb end 30->30 = 30; aibd 28->30 = 32; month end 30->30; eur 60-28+1
+        // 30. nasd 28 -> 31 = 33; sia Feb end 30 -> 30 = 30; aibd 28 -> 30 = 32; month end 30 -> 30;
+        // eur 60 - 28 + 1 = 33
         {{2, 28, 2001, 3, 31, 2001}, 33, 30, 32, 30, 33},
-        // 360: both February ends; sia and month end 30->30, the others 28->28
+        // 360. sia (both February ends) and month end 30 -> 30; the others 28 -> 28
         {{2, 28, 2001, 2, 28, 2002}, 360, 360, 360, 360, 360},
-        // 180: sia and month end 30->28 = 178; others 28->28
+        // 180. sia and month end 30 -> 28 = 178; the others 28 -> 28
         {{2, 28, 2001, 8, 28, 2001}, 180, 178, 180, 178, 180},
-        // 0: 28 February of a leap year is no month end; month end 28->30 (29 Feb is its end) = 2
+        // 0. 28 February 2000 is no month end: 28 -> 29 = 1; month end 28 -> 30 (29 Feb is the end) = 2
         {{2, 28, 2000, 2, 29, 2000}, 1, 1, 1, 2, 1},
-        // 30: nasd 29->31 = 32; sia 30->30; aibd 29->30 = 31; month end 30->30; eur 60 - 29 + 1 = 32
+        // 30. nasd 29 -> 31 = 32; sia 30 -> 30; aibd 29 -> 30 = 31; month end 30 -> 30; eur 60 - 29 + 1
         {{2, 29, 2000, 3, 31, 2000}, 32, 30, 31, 30, 32},
-        // 360: nasd/aibd/eur 29->28 = 359; sia (both Feb ends) and month end 30->30
+        // 360. nasd, aibd, eur 29 -> 28 = 359; sia (both February ends) and month end 30 -> 30
         {{2, 29, 2000, 2, 28, 2001}, 359, 360, 359, 360, 359},
-        // 1080: 28->29 = 1081; sia and month end both ends 30->30
+        // 1080. 28 -> 29 = 1081; sia (both February ends) and month end 30 -> 30
         {{2, 28, 2001, 2, 29, 2004}, 1081, 1080, 1081, 1080, 1081},
-        // 30: 31 -> 30 everywhere: d1' 30, d2 30
+        // 30. the 31st counts 30 in every rule: 30 -> 30
         {{3, 31, 2001, 4, 30, 2001}, 30, 30, 30, 30, 30},
-        // 30: d1 30 makes d2 31 count 30; month end 30->30; eur 30 -> 6/1 (60 - 30 + 1)
+        // 30. d1 30 lets d2 31 count 30; month end 30 -> 30; eur 30 -> 6/1, 60 - 30 + 1 = 31
         {{4, 30, 2001, 5, 31, 2001}, 30, 30, 30, 30, 31},
-        // 30: 30->30; 5/30 is no month end
+        // 30. 30 -> 30; 5/30 is no month end
         {{4, 30, 2001, 5, 30, 2001}, 30, 30, 30, 30, 30},
-        // 30: 15->28 = 43; sia leaves a second February end alone after a mid-month d1; month end 15->30
+        // 30. 15 -> 28 = 43 (sia moves a second February end only after a first one); month end 15 -> 30
         {{1, 15, 2001, 2, 28, 2001}, 43, 43, 43, 45, 43},
-        // 30: 30->28 = 28; month end 30->30
+        // 30. 30 -> 28 = 28; month end 30 -> 30
         {{1, 31, 2001, 2, 28, 2001}, 28, 28, 28, 30, 28},
-        // 30: 28->30 = 32; sia and month end 30->30 (3/30 is no month end)
+        // 30. 28 -> 30 = 32; sia and month end 30 -> 30 (3/30 is no month end)
         {{2, 28, 2001, 3, 30, 2001}, 32, 30, 32, 30, 32},
-        // 360: 30->30; eur 12/31/2002 -> 1/1/2003: (2 * 12 - 11) * 30 - 30 + 1 = 361
+        // 12 months = 360. 30 -> 30; eur 12/31/2002 -> 1/1/2003: (2 * 12 - 11) * 30 - 30 + 1 = 361
         {{12, 31, 2001, 12, 31, 2002}, 360, 360, 360, 360, 361},
-        // 30: 30->30 except eur 30 -> 9/1 (60 - 30 + 1)
+        // 30. 30 -> 30; eur 30 -> 9/1, 60 - 30 + 1 = 31
         {{7, 31, 2001, 8, 31, 2001}, 30, 30, 30, 30, 31},
-        // 0: d1 15 leaves d2 31 as 31 (nasd, sia) = 16; aibd and month end 15->30; eur 30 - 15 + 1
+        // 0. nasd, sia: d1 15 leaves d2 31 as 31 = 16; aibd, month end 15 -> 30 = 15; eur 30 - 15 + 1
         {{8, 15, 2001, 8, 31, 2001}, 16, 16, 15, 15, 16},
-        // 0 backwards: 30->15 = -15 everywhere
+        // 0, backwards. 30 -> 15 = -15 in every rule
         {{5, 31, 2001, 5, 15, 2001}, -15, -15, -15, -15, -15},
-        // -30 backwards: 30->28 = -32; month end 30->30 = -30
+        // -1 month = -30, backwards. 30 -> 28 = -32; month end 30 -> 30 = -30
         {{3, 31, 2001, 2, 28, 2001}, -32, -32, -32, -30, -32},
-        // equal February month ends
+        // 0. equal February month ends
         {{2, 29, 2000, 2, 29, 2000}, 0, 0, 0, 0, 0},
+        // 0. a 31st to itself: 30 -> 30, but eur rolls the second 31st to 6/1: 30 - 30 + 1 = 1
+        {{5, 31, 2001, 5, 31, 2001}, 0, 0, 0, 0, 1},
     };
     for (const Thirty360Row& r : rows) {
         const Pair& p = r.p;
@@ -87,13 +90,13 @@ struct ActualRow {
 
 TEST(ActualDays, LeapDayCountsOnlyInActual) {
     const ActualRow rows[] = {
-        {{2, 1, 2000, 3, 1, 2000}, 29, 28},       // 29 Feb 2000 counted / not
+        {{2, 1, 2000, 3, 1, 2000}, 29, 28},  // 29 Feb 2000 counted / not
         {{2, 28, 2000, 3, 1, 2000}, 2, 1},
-        {{2, 29, 2000, 3, 1, 2000}, 1, 0},        // 29 February counts as 1 March
+        {{2, 29, 2000, 3, 1, 2000}, 1, 0},  // 29 February counts as 1 March
         {{1, 1, 2000, 1, 1, 2001}, 366, 365},
-        {{1, 1, 1900, 1, 1, 1901}, 365, 365},     // 1900 is no leap year
+        {{1, 1, 1900, 1, 1, 1901}, 365, 365},  // 1900 is no leap year
         {{3, 1, 2000, 3, 1, 2001}, 365, 365},
-        {{1, 1, 2001, 1, 1, 2000}, -366, -365},   // signed
+        {{1, 1, 2001, 1, 1, 2000}, -366, -365},        // signed
         {{1, 1, 1800, 12, 31, 2300}, 182985, 182864},  // 2561482 - 2378497; 182985 less 121 leap days
     };
     for (const ActualRow& r : rows) {
@@ -109,10 +112,9 @@ TEST(ActualDays, LeapDayCountsOnlyInActual) {
 // The dispatcher sends each code to its kernel.
 TEST(DayCount, EachCodeCountsWithItsKernel) {
     using Kernel = int32_t (*)(int32_t, int32_t, int32_t, int32_t, int32_t, int32_t);
-    const Kernel by_code[14] = {nullptr,      days_act,     days_nasd360, days_msrb360, days_sia360,
-                                days_aibd360, days_new360,  days_act,     days_act,     days_act_nl,
-                                days_sia360,  days_eurp360, days_act,     days_act};
-    const Pair pairs[] = {{1, 31, 2001, 3, 31, 2001}, {2, 28, 2001, 3, 31, 2001}, {2, 1, 2000, 3, 1, 2000},
+    const Kernel by_code[14] = {nullptr,  days_act, days_nasd360, days_msrb360, days_sia360,  days_aibd360, days_new360,
+                                days_act, days_act, days_act_nl,  days_sia360,  days_eurp360, days_act,     days_act};
+    const Pair pairs[] = {{1, 31, 2001, 3, 31, 2001}, {2, 28, 2001, 3, 31, 2001},   {2, 1, 2000, 3, 1, 2000},
                           {2, 29, 2000, 2, 28, 2001}, {12, 31, 1999, 12, 31, 2000}, {8, 15, 2001, 8, 31, 2001}};
     uint32_t err = 0;
     for (int32_t code = 1; code <= 13; ++code) {

@@ -21,8 +21,8 @@ struct Civil {
 
 Civil civil(chr::sys_days day) {
     const chr::year_month_day ymd{day};
-    return {static_cast<int32_t>(static_cast<unsigned>(ymd.month())), static_cast<int32_t>(static_cast<unsigned>(ymd.day())),
-            static_cast<int32_t>(ymd.year())};
+    return {static_cast<int32_t>(static_cast<unsigned>(ymd.month())),
+            static_cast<int32_t>(static_cast<unsigned>(ymd.day())), static_cast<int32_t>(ymd.year())};
 }
 
 TEST(DateSweep, JulianMatchesCivilCalendarAndRoundTrips) {
@@ -110,23 +110,6 @@ TEST(DateSweep, LeapYearsAndMonthEndsMatchCivilCalendar) {
             ASSERT_EQ(last_dom(m, y), last) << "month " << m;
             ASSERT_EQ(is_last_dom(m, last, y), 1);
             ASSERT_EQ(is_last_dom(m, last - 1, y), 0);
-        }
-    }
-}
-
-// Moving by one day is the next day of the civil calendar, forward and back, and moving by the julian
-// difference between any two dates lands on the second.
-TEST(DateSweep, DayStepsFollowTheCalendar) {
-    int failures = 0;
-    for (chr::sys_days day = first_day; day < last_day && failures < 5; day += chr::days{1}) {
-        const Civil c = civil(day), next = civil(day + chr::days{1});
-        int32_t m = c.m, d = c.d, y = c.y;
-        incr_by_days(1, &m, &d, &y);
-        const bool forward = m == next.m && d == next.d && y == next.y;
-        incr_by_days(-1, &m, &d, &y);
-        if (!forward || m != c.m || d != c.d || y != c.y) {
-            ADD_FAILURE() << c.m << "/" << c.d << "/" << c.y;
-            ++failures;
         }
     }
 }

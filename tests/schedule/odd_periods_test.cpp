@@ -157,6 +157,27 @@ TEST(CouponList, EqualsTheChainOfNextCouponDates) {
     }
 }
 
+// A regular bond's list is the calendar's period step from maturity, every frequency, month ends or not.
+TEST(CouponList, RegularListIsTheWrittenOutSchedule) {
+    for (const D mat : {D{8, 31, 2030}, D{2, 28, 2031}, D{5, 15, 2027}}) {
+        for (int32_t freq : {1, 2, 4, 12}) {
+            for (int32_t eom : {0, 1}) {
+                const auto dates = schedule_testing::written_out(mat, 10 * freq, freq, eom);
+                const Bond b{mat, kBlank, kBlank, kBlank, freq, eom, "regular"};
+                for (D settle = dates.front(); serial(settle) < serial(mat);
+                     settle = schedule_testing::day_after(settle, 11)) {
+                    SCOPED_TRACE(testing::Message() << mat << " freq " << freq << " eom " << eom << " " << settle);
+                    std::vector<D> want;
+                    for (const D x : dates)
+                        if (serial(x) > serial(settle)) want.push_back(x);
+                    uint32_t err = 0;
+                    ASSERT_EQ(listed(settle, b, &err), want);
+                }
+            }
+        }
+    }
+}
+
 TEST(CouponList, TooSmallArraysAreAnErrorWithTheCountNeeded) {
     const Bond& b = kBonds[0];
     int32_t m[3] = {-1, -1, -1}, d[3] = {-1, -1, -1}, y[3] = {-1, -1, -1}, count = -1;

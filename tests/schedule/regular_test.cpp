@@ -200,6 +200,11 @@ TEST(RegularSchedule, EverySettlementAgreesWithTheWrittenOutSchedule) {
                             ASSERT_EQ(i.nper, act.nper);
                         }
                         ASSERT_EQ(i.nper + i.frac, act.nper + act.frac);
+                        int32_t nper = -1, frac = -1;
+                        num_per_dt(settle.m, settle.d, settle.y, mat.m, mat.d, mat.y, day_type, eom, freq, &nper,
+                                   &frac, 0, &err);
+                        ASSERT_EQ(i.nper, nper);
+                        ASSERT_EQ(i.frac, frac);
                     }
                 }
             }

@@ -1,0 +1,177 @@
+// Validators of coupon cycles: whether dates lie a whole number of coupon periods apart, by month and day
+// of month or by a weekday-of-month rule, and the odd-period dates derived from period lengths.
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+
+#include "frame/validators_dates.hpp"
+
+using orvel::Check;
+using orvel::Date;
+using orvel::DateRef;
+
+namespace {
+
+// Months in one coupon period; a frequency below 1 counts as 1, above 12 as 12.
+int32_t months_per_period(int32_t cpn_freq) { return 12 / std::clamp(cpn_freq, 1, 12); }
+
+// Month numbers a whole number of periods apart (years do not enter).
+bool months_in_step(int32_t m1, int32_t m2, int32_t cpn_freq) {
+    return std::llabs(int64_t{m1} - m2) % months_per_period(cpn_freq) == 0;
+}
+
+// The day of the month as a coupon cycle sees it: a month end counts as 99 under the end-of-month rule.
+int32_t day_key(Date x, int32_t eom) { return eom != 0 && is_last_dom(x.m, x.d, x.y) ? 99 : x.d; }
+
+// February's last day stands for any later day of the month: 2/28 pairs with 8/30 and 8/31.
+bool february_end_before(Date feb, int32_t feb_key, int32_t other_key) {
+    return feb.m == 2 && is_last_dom(feb.m, feb.d, feb.y) && other_key > feb_key;
+}
+
+bool same_cycle(Date a, Date b, int32_t eom, int32_t cpn_freq) {
+    const int32_t ka = day_key(a, eom), kb = day_key(b, eom);
+    const bool days = ka == kb || february_end_before(a, ka, kb) || february_end_before(b, kb, ka);
+    return days && months_in_step(a.m, b.m, cpn_freq);
+}
+
+int32_t weekday(Date x) { return MDY_2_julian(x.m, x.d, x.y) % 7 + 1; }
+
+// The occur-th weekday dow of the month (occur 0: the last one); 0 when the month has no such day.
+int32_t weekday_of_month(int32_t m, int32_t y, int32_t occur, int32_t dow) {
+    if (occur < 0 || occur > 5 || dow < 1 || dow > 7) return 0;
+    const int32_t first = weekday({m, 1, y});
+    const int32_t t = dow - first + 1 + (first > dow ? 7 : 0);
+    const int32_t last = last_dom(m, y);
+    if (occur == 0) return t + 28 <= last ? t + 28 : t + 21;
+    const int32_t day = t + 7 * (occur - 1);
+    return day <= last ? day : 0;
+}
+
+bool is_holiday(int32_t julian, int32_t hol_count, const int32_t* hols) {
+    return hol_count > 0 && std::binary_search(hols, hols + hol_count, julian);
+}
+
+// The weekday-of-month day of x's month, moved forward over weekends and holidays, is x itself.
+bool on_weekday_rule(Date x, int32_t occur, int32_t dow, int32_t hol_count, const int32_t* hols) {
+    if (!orvel::is_given(x)) return false;
+    const int32_t day = weekday_of_month(x.m, x.y, occur, dow);
+    if (day == 0) return false;
+    int32_t j = MDY_2_julian(x.m, day, x.y);
+    for (int32_t guard = 0; guard <= hol_count + 2 && (j % 7 + 1 > 5 || is_holiday(j, hol_count, hols)); ++guard) ++j;
+    return j == MDY_2_julian(x.m, x.d, x.y);
+}
+
+Check& weekday_rule_codes(Check& check, int32_t occur, int32_t dow) {
+    return check.call(0, ok_dow_occur, occur).call(0, ok_dow, dow);
+}
+
+}  // namespace
+
+ORVEL_EXPORT(int32_t) ok_cpn_sync(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t d2, int32_t y2, int32_t eom,
+                                  int32_t cpn_freq, int32_t validate, uint32_t* err_code) {
+    Check check(err_code);
+    if (validate != 0) check.call(0, is_MDYltMDY, m1, d1, y1, m2, d2, y2, 1, 1).call(0, ok_cpn_freq, cpn_freq);
+    return check.expect(same_cycle({m1, d1, y1}, {m2, d2, y2}, eom, cpn_freq), ORVEL_E_SYNC).ok();
+}
+
+ORVEL_EXPORT(int32_t) ok_sync_dwm(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t d2, int32_t y2,
+                                  int32_t cpn_freq, int32_t occur, int32_t dow, int32_t validate, uint32_t* err_code) {
+    Check check(err_code);
+    if (validate != 0) {
+        check.call(0, is_MDYltMDY, m1, d1, y1, m2, d2, y2, 1, 1).call(0, ok_cpn_freq, cpn_freq);
+        weekday_rule_codes(check, occur, dow);
+    }
+    const bool rule = on_weekday_rule({m1, d1, y1}, occur, dow, 0, nullptr) &&
+                      on_weekday_rule({m2, d2, y2}, occur, dow, 0, nullptr);
+    return check.expect(rule && months_in_step(m1, m2, cpn_freq), ORVEL_E_SYNC).ok();
+}
+
+ORVEL_EXPORT(int32_t) ok_lt_MDY(int32_t m, int32_t d, int32_t y, int32_t rm, int32_t rd, int32_t ry, int32_t eom,
+                                int32_t cpn_freq, uint32_t* err_code) {
+    const Date date{m, d, y}, ref{rm, rd, ry};
+    Check check(err_code);
+    check.call(0, ok_cpn_freq, cpn_freq);
+    orvel::required(check, ORVEL_ROLE_CHECKED, date);
+    orvel::required(check, ORVEL_ROLE_MATURITY, ref);
+    orvel::before(check, 81, date, ref, 1);
+    return check.expect(same_cycle(date, ref, eom, cpn_freq), ORVEL_E_LT_MDY).ok();
+}
+
+ORVEL_EXPORT(int32_t) ok_ofsl_dwm(int32_t sm, int32_t sd, int32_t sy, int32_t mm, int32_t md, int32_t my, int32_t* dm,
+                                  int32_t* dd, int32_t* dy, int32_t* fm, int32_t* fd, int32_t* fy, int32_t* lm,
+                                  int32_t* ld, int32_t* ly, int32_t day_type, int32_t cpn_freq, int32_t occur,
+                                  int32_t dow, int32_t hol_count, const int32_t* hols, uint32_t* err_code) {
+    const Date settle{sm, sd, sy}, mat{mm, md, my};
+    const DateRef dated{dm, dd, dy}, first{fm, fd, fy}, last{lm, ld, ly};
+    uint32_t scratch = 0;
+    Check check(err_code);
+    check.call(0, ok_day_type, day_type)
+        .expect(ok_cpn_freq(cpn_freq, &scratch) != 0, ORVEL_E_BD_SCHEDULE4)
+        .expect(occur >= 0 && occur <= 5, ORVEL_E_BD_SCHEDULE1)
+        .expect(dow >= 1 && dow <= 7, ORVEL_E_BD_SCHEDULE2)
+        .expect(ok_hol_table(hol_count, hols, &scratch) != 0, ORVEL_E_BD_SCHEDULE3);
+    orvel::required(check, ORVEL_ROLE_MATURITY, mat);
+    orvel::required(check, ORVEL_ROLE_SETTLE, settle);
+    orvel::optional(check, ORVEL_ROLE_DATED, dated.get());
+    if (check && orvel::is_blank(dated.get()) && !orvel::is_blank(first.get())) {
+        dated.set({0, 0, 0});
+        check.expect(false, orvel::with_role(ORVEL_E_BLANK, ORVEL_ROLE_DATED));
+    }
+    orvel::required(check, ORVEL_ROLE_FIRST_CPN, first.get());
+    orvel::optional(check, ORVEL_ROLE_LAST_CPN, last.get());
+    if (check && orvel::is_blank(last.get())) last.set(mat);
+    if (!check) return 0;
+    const Date f = first.get(), l = last.get();
+    const auto on_rule = [&](Date x) { return on_weekday_rule(x, occur, dow, hol_count, hols); };
+    if (!orvel::is_blank(dated.get())) orvel::not_after(check, 27, dated.get(), settle, day_type);
+    if (!orvel::is_blank(dated.get())) orvel::before(check, 23, dated.get(), f, day_type);
+    orvel::before(check, 71, settle, mat, day_type);
+    orvel::not_after(check, 61, l, mat, day_type);
+    // 22xy: the date of role x is off the cycle of the date of role y (4 standing for the weekday rule).
+    return check.expect(on_rule(f) && months_in_step(f.m, mat.m, cpn_freq), ORVEL_E_SYNC + 31)
+        .expect(months_in_step(f.m, l.m, cpn_freq), ORVEL_E_SYNC + 36)
+        .expect(on_rule(mat), ORVEL_E_SYNC + 41)
+        .expect(on_rule(l), ORVEL_E_SYNC + 46)
+        .ok();
+}
+
+ORVEL_EXPORT(int32_t) ok_ogpd_MDYs(int32_t sm, int32_t sd, int32_t sy, int32_t mm, int32_t md, int32_t my, int32_t* dm,
+                                   int32_t* dd, int32_t* dy, int32_t* fm, int32_t* fd, int32_t* fy, int32_t* lm,
+                                   int32_t* ld, int32_t* ly, int32_t first_mths, int32_t last_mths, int32_t eom,
+                                   int32_t cpn_freq, uint32_t* err_code) {
+    const Date settle{sm, sd, sy}, mat{mm, md, my};
+    const DateRef dated{dm, dd, dy}, first{fm, fd, fy}, last{lm, ld, ly};
+    const int32_t longest = 2 * months_per_period(cpn_freq);
+    Check check(err_code);
+    check.call(0, ok_cpn_freq, cpn_freq);
+    orvel::required(check, ORVEL_ROLE_MATURITY, mat);
+    orvel::required(check, ORVEL_ROLE_SETTLE, settle);
+    orvel::optional(check, ORVEL_ROLE_DATED, dated.get());
+    orvel::optional(check, ORVEL_ROLE_FIRST_CPN, first.get());
+    orvel::optional(check, ORVEL_ROLE_LAST_CPN, last.get());
+    if (check && orvel::is_blank(dated.get()) && !orvel::is_blank(first.get())) {
+        dated.set({0, 0, 0});
+        check.expect(false, orvel::with_role(ORVEL_E_BLANK, ORVEL_ROLE_DATED));
+    }
+    check.expect(first_mths >= 0, ORVEL_E_ODD_PERIOD1)
+        .expect(first_mths <= longest, ORVEL_E_ODD_PERIOD2)
+        .expect(last_mths >= 0, ORVEL_E_ODD_PERIOD3)
+        .expect(last_mths <= longest, ORVEL_E_ODD_PERIOD4);
+    if (!check) return 0;
+    // A given coupon date must sit where its period length puts it.
+    const auto months_from = [eom](Date x, int32_t n) {
+        incr_by_mths(n, &x.m, &x.d, &x.y, eom);
+        return x;
+    };
+    const auto same_day = [](Date a, Date b) { return a.m == b.m && a.d == b.d && a.y == b.y; };
+    const Date f = first.get(), l = last.get(), dt = dated.get();
+    if (!orvel::is_blank(dt) && !orvel::is_blank(f) && first_mths > 0)
+        check.expect(same_day(months_from(dt, first_mths), f), ORVEL_E_ODD_PERIOD5);
+    if (!orvel::is_blank(l) && last_mths > 0) check.expect(same_day(months_from(l, last_mths), mat), ORVEL_E_ODD_PERIOD6);
+    if (!orvel::is_blank(dt)) orvel::not_after(check, 27, dt, settle, 1);
+    if (!orvel::is_blank(dt) && !orvel::is_blank(f)) orvel::before(check, 23, dt, f, 1);
+    orvel::before(check, 71, settle, mat, 1);
+    if (!orvel::is_blank(f) && !orvel::is_blank(l))
+        check.expect(months_in_step(f.m, l.m, cpn_freq), ORVEL_E_ODD_SYNC);
+    return check.ok();
+}
