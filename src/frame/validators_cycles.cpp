@@ -127,11 +127,12 @@ ORVEL_EXPORT(int32_t) ok_ofsl_dwm(int32_t sm, int32_t sd, int32_t sy, int32_t mm
     if (!orvel::is_blank(dated.get())) orvel::before(check, 23, dated.get(), f, day_type);
     orvel::before(check, 71, settle, mat, day_type);
     orvel::not_after(check, 61, l, mat, day_type);
-    // 22xy: the date of role x is off the cycle of the date of role y (4 standing for the weekday rule).
+    // First coupon off the rule or off maturity's months (2231), off the last coupon's months (2236);
+    // maturity (2241) or last coupon (2246) off the weekday rule.
     return check.expect(on_rule(f) && months_in_step(f.m, mat.m, cpn_freq), ORVEL_E_SYNC + 31)
         .expect(months_in_step(f.m, l.m, cpn_freq), ORVEL_E_SYNC + 36)
-        .expect(on_rule(mat), ORVEL_E_SYNC + 41)
-        .expect(on_rule(l), ORVEL_E_SYNC + 46)
+        .expect(on_rule(mat), ORVEL_E_DWM_MATURITY)
+        .expect(on_rule(l), ORVEL_E_DWM_LAST_CPN)
         .ok();
 }
 
