@@ -155,6 +155,18 @@ public:
     void* f64_block(size_t n, double fill) { return block(doubles_, n, fill); }
     void* chr_block(size_t n) { return block(chars_, n, 'Z'); }
 
+    // A read-only array: its content is kept to show afterwards that the call left it alone.
+    void keep_input(const char* name, const void* p, size_t bytes) {
+        const auto* b = static_cast<const unsigned char*>(p);
+        inputs_.push_back({name, p, std::vector<unsigned char>(b, b + bytes)});
+    }
+    // The name of a read-only array that the call changed, or null.
+    const char* changed_input() const {
+        for (const Kept& k : inputs_)
+            if (!k.copy.empty() && std::memcmp(k.p, k.copy.data(), k.copy.size()) != 0) return k.name;
+        return nullptr;
+    }
+
 private:
     template <class T>
     static T* block(std::vector<std::unique_ptr<T[]>>& blocks, size_t n, T fill) {
@@ -165,6 +177,12 @@ private:
     std::vector<std::unique_ptr<int32_t[]>> ints_;
     std::vector<std::unique_ptr<double[]>> doubles_;
     std::vector<std::unique_ptr<char[]>> chars_;
+    struct Kept {
+        const char* name;
+        const void* p;
+        std::vector<unsigned char> copy;
+    };
+    std::vector<Kept> inputs_;
 };
 
 void fill_scalar(Input& in, const ExportSpec& e, int index, Frame& f, Arguments& args) {
@@ -208,6 +226,7 @@ void fill_array(Input& in, const ExportSpec& e, int index, Frame& f, Arguments& 
         case Kind::IoArrI32: {
             auto* p = static_cast<int32_t*>(args.i32_block(n, 0));
             for (size_t j = 0; j < n; ++j) p[j] = in.read_i32();
+            if (a.kind == Kind::ArrI32) args.keep_input(a.name, p, n * sizeof *p);
             f.p[k] = p;
             return;
         }
@@ -215,6 +234,7 @@ void fill_array(Input& in, const ExportSpec& e, int index, Frame& f, Arguments& 
         case Kind::IoArrF64: {
             auto* p = static_cast<double*>(args.f64_block(n, 0.0));
             for (size_t j = 0; j < n; ++j) p[j] = in.read_f64();
+            if (a.kind == Kind::ArrF64) args.keep_input(a.name, p, n * sizeof *p);
             f.p[k] = p;
             return;
         }
@@ -293,5 +313,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (tracing) trace(e, f);
     e.call(f);
     check_failure_returns_zero(e, f);
+    if (const char* name = args.changed_input()) {
+        std::fprintf(stderr, "%s wrote into its read-only array %s\n", e.name, name);
+        std::abort();
+    }
     return 0;
 }

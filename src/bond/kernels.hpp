@@ -83,6 +83,8 @@ inline double yield_l1p(double price, double cpn_rate, double redemptn, double t
     const double y = 100.0 * (c / big_f + redemptn * 0.01 - tax1 * (redemptn - price) - d) / d *
                      static_cast<double>(cpn_freq) / nxt_frac;
     if (!std::isfinite(y)) return fail_price(err, ORVEL_E_GIVEN_BASE + 2);  // nothing invested: no yield
+    // A yield whose discount base is not positive prices nothing (the price kernel refuses it too).
+    if (!(1.0 + nxt_frac * y / big_f > 0.0)) return fail_price(err, ORVEL_E_NEG_BASE);
     return y;
 }
 
@@ -108,7 +110,8 @@ inline double yield_guess(double price, double cpn_rate, double redemptn, int32_
 }
 
 // The yield at which price_at(y) equals price: the shared solver from the guess and one point on either
-// side, tolerance 5e-7 per 100 on the price. A guess of exactly 1.0 moves to 1.1; a guess of exactly 0 is
+// side, tolerance 5e-7 per 100 on the price, polished by one more step (a yield that reprices to about
+// 1e-9). A guess of exactly 1.0 moves to 1.1; a guess of exactly 0 is
 // the answer (a price equal to the redemption with no coupon).
 template <class PriceAt>
 double solve_yield(double price, double guess, PriceAt price_at, uint32_t* err, SolveStats* stats = nullptr) {
@@ -116,7 +119,7 @@ double solve_yield(double price, double guess, PriceAt price_at, uint32_t* err, 
     if (guess == 0.0) return 0.0;
     const double start[3] = {guess, guess - 1.0, guess + 1.0};
     auto residual = [&](double y, uint32_t* e) { return price - price_at(y, e); };
-    return solve3(start, residual, ResidualBelow{5e-7}, err, stats);
+    return solve3(start, residual, ResidualBelow{5e-7}, err, stats, true);
 }
 
 }  // namespace orvel::bond

@@ -17,19 +17,26 @@ struct DateList {
     cal::Date at(int32_t i) const { return {m[i], d[i], y[i]}; }
 };
 
-// Every date of a list as a required date; the number of ok_MDY, plus `index_base` + i when asked.
-bool dates_ok(const int32_t* m, const int32_t* d, const int32_t* y, int32_t count, uint32_t index_base,
-              uint32_t* err_code) {
-    orvel::Check check(err_code);
-    for (int32_t i = 0; i < count && check.ok(); ++i) {
-        if (index_base == 0) {
-            check.call(0, ok_MDY, m[i], d[i], y[i], 1);
-        } else {
-            uint32_t scratch = 0;
-            check.expect(ok_MDY(m[i], d[i], y[i], 1, &scratch) != 0, index_base + static_cast<uint32_t>(i));
-        }
-    }
-    return check.ok();
+// Index of the first entry that is not a valid required date (with the number of ok_MDY in *number),
+// or -1 when every one is.
+int32_t first_bad_date(const int32_t* m, const int32_t* d, const int32_t* y, int32_t count, uint32_t* number) {
+    for (int32_t i = 0; i < count; ++i)
+        if (!ok_MDY(m[i], d[i], y[i], 1, number)) return i;
+    return -1;
+}
+
+// The sorts report a bad date by the number of ok_MDY.
+bool every_date_ok(const int32_t* m, const int32_t* d, const int32_t* y, int32_t count, uint32_t* err_code) {
+    uint32_t number = 0;
+    return first_bad_date(m, d, y, count, &number) < 0 || orvel::fail(err_code, number);
+}
+
+// The list maintenance reports a bad date by its index: 12000 + i.
+bool every_date_ok_by_index(const int32_t* m, const int32_t* d, const int32_t* y, int32_t count,
+                            uint32_t* err_code) {
+    uint32_t number = 0;
+    const int32_t bad = first_bad_date(m, d, y, count, &number);
+    return bad < 0 || orvel::fail(err_code, ORVEL_E_DATE_LIST_BASE + static_cast<uint32_t>(bad));
 }
 
 // Bubble sort in calendar order, stable, stopping after a pass without an exchange; `swap_extra(i, j)`
@@ -58,14 +65,16 @@ void bubble_sort(DateList list, int32_t count, uint32_t* err_code, SwapExtra swa
 
 ORVEL_EXPORT(int32_t) sort_MDYs(int32_t* months, int32_t* days, int32_t* years, double* vals, int32_t count,
                                 int32_t validate, uint32_t* err_code) {
-    if (validate && !dates_ok(months, days, years, count, 0, err_code)) return 0;
+    const auto dates_ok = [&](uint32_t* e) { return every_date_ok(months, days, years, count, e); };
+    if (validate && !orvel::Check(err_code).step(dates_ok).ok()) return 0;
     bubble_sort({months, days, years}, count, err_code, [vals](int32_t i, int32_t j) { std::swap(vals[i], vals[j]); });
     return 1;
 }
 
 ORVEL_EXPORT(int32_t) sort2_MDYs(int32_t* months, int32_t* days, int32_t* years, double* vals, int32_t* ivals,
                                  int32_t count, int32_t validate, uint32_t* err_code) {
-    if (validate && !dates_ok(months, days, years, count, 0, err_code)) return 0;
+    const auto dates_ok = [&](uint32_t* e) { return every_date_ok(months, days, years, count, e); };
+    if (validate && !orvel::Check(err_code).step(dates_ok).ok()) return 0;
     bubble_sort({months, days, years}, count, err_code, [vals, ivals](int32_t i, int32_t j) {
         std::swap(vals[i], vals[j]);
         std::swap(ivals[i], ivals[j]);
@@ -164,10 +173,8 @@ ORVEL_EXPORT(int32_t) MDY_maint(int32_t action, int32_t* months, int32_t* days, 
     check.expect(action == 1 || action == -1 || action == -2, ORVEL_E_MAINT_ACTION)
         .expect(count <= capacity, ORVEL_E_CAPACITY);
     if (validate) {
-        check.step([&](uint32_t* e) { return dates_ok(months, days, years, count, ORVEL_E_DATE_LIST_BASE, e); })
-            .step([&](uint32_t* e) {
-                return dates_ok(chg_months, chg_days, chg_years, chg_count, ORVEL_E_DATE_LIST_BASE, e);
-            })
+        check.step([&](uint32_t* e) { return every_date_ok_by_index(months, days, years, count, e); })
+            .step([&](uint32_t* e) { return every_date_ok_by_index(chg_months, chg_days, chg_years, chg_count, e); })
             .step([&](uint32_t* e) {
                 return strictly_ascending(months, days, years, count) || orvel::fail(e, ORVEL_E_LIST_ORDER1);
             })

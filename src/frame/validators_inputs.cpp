@@ -28,7 +28,7 @@ struct Copies {
     Date dated, first, last;
 };
 
-Check& bond_dates(Check& check, Date settle, Date mat, Copies& c, int32_t day_type, int32_t eom, int32_t cpn_freq,
+Check& bond_dates(Check& check, Date settle, Date mat, Copies c, int32_t day_type, int32_t eom, int32_t cpn_freq,
                   decltype(&ok_bond_MDYs) group) {
     return check.call(0, group, settle.m, settle.d, settle.y, mat.m, mat.d, mat.y, &c.dated.m, &c.dated.d, &c.dated.y,
                       &c.first.m, &c.first.d, &c.first.y, day_type, eom, cpn_freq);
@@ -40,17 +40,30 @@ Check& odd_last_dates(Check& check, Date settle, Date mat, Copies& c, int32_t da
                       &c.first.m, &c.first.d, &c.first.y, &c.last.m, &c.last.d, &c.last.y, day_type, eom, cpn_freq);
 }
 
+// The opening every coupon group shares: codes, selector and given value, coupon rate.
+Check& coupon_terms(Check& check, int32_t day_type, int32_t cpn_freq, int32_t calc_type, double given,
+                    double cpn_rate) {
+    codes(check, day_type, cpn_freq);
+    return given_value(check, calc_type, given, 2).call(0, ok_cpn_rate, cpn_rate);
+}
+
+// A bond with dated date and first coupon: its terms, its date group, its redemption value.
+Check& regular_bond(Check& check, int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type, double given,
+                    double cpn_rate, Date settle, Date mat, Copies c, double redemptn,
+                    decltype(&ok_bond_MDYs) group) {
+    coupon_terms(check, day_type, cpn_freq, calc_type, given, cpn_rate);
+    return bond_dates(check, settle, mat, c, day_type, eom, cpn_freq, group).call(0, ok_redemptn, redemptn);
+}
+
 }  // namespace
 
 ORVEL_EXPORT(int32_t) ok_bond_in(int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type, double given,
                                  double cpn_rate, int32_t sm, int32_t sd, int32_t sy, int32_t mm, int32_t md,
                                  int32_t my, int32_t dm, int32_t dd, int32_t dy, int32_t fm, int32_t fd, int32_t fy,
                                  double redemptn, double tax1, double tax2, uint32_t* err_code) {
-    Copies c{{dm, dd, dy}, {fm, fd, fy}, {}};
     Check check(err_code);
-    codes(check, day_type, cpn_freq);
-    given_value(check, calc_type, given, 2).call(0, ok_cpn_rate, cpn_rate);
-    bond_dates(check, {sm, sd, sy}, {mm, md, my}, c, day_type, eom, cpn_freq, &ok_bond_MDYs).call(0, ok_redemptn, redemptn);
+    regular_bond(check, day_type, eom, cpn_freq, calc_type, given, cpn_rate, {sm, sd, sy}, {mm, md, my},
+                 {{dm, dd, dy}, {fm, fd, fy}, {}}, redemptn, &ok_bond_MDYs);
     return taxes(check, tax1, tax2).ok();
 }
 
@@ -58,12 +71,9 @@ ORVEL_EXPORT(int32_t) ok_jpgb_in(int32_t day_type, int32_t eom, int32_t cpn_freq
                                  double cpn_rate, int32_t sm, int32_t sd, int32_t sy, int32_t mm, int32_t md,
                                  int32_t my, int32_t dm, int32_t dd, int32_t dy, int32_t fm, int32_t fd, int32_t fy,
                                  double redemptn, uint32_t* err_code) {
-    Copies c{{dm, dd, dy}, {fm, fd, fy}, {}};
     Check check(err_code);
-    codes(check, day_type, cpn_freq);
-    given_value(check, calc_type, given, 2).call(0, ok_cpn_rate, cpn_rate);
-    return bond_dates(check, {sm, sd, sy}, {mm, md, my}, c, day_type, eom, cpn_freq, &ok_jpgb_MDYs)
-        .call(0, ok_redemptn, redemptn)
+    return regular_bond(check, day_type, eom, cpn_freq, calc_type, given, cpn_rate, {sm, sd, sy}, {mm, md, my},
+                        {{dm, dd, dy}, {fm, fd, fy}, {}}, redemptn, &ok_jpgb_MDYs)
         .ok();
 }
 
@@ -71,12 +81,9 @@ ORVEL_EXPORT(int32_t) ok_auct_in(int32_t day_type, int32_t eom, int32_t cpn_freq
                                  double cpn_rate, int32_t sm, int32_t sd, int32_t sy, int32_t mm, int32_t md,
                                  int32_t my, int32_t dm, int32_t dd, int32_t dy, int32_t fm, int32_t fd, int32_t fy,
                                  double redemptn, uint32_t* err_code) {
-    Copies c{{dm, dd, dy}, {fm, fd, fy}, {}};
     Check check(err_code);
-    codes(check, day_type, cpn_freq);
-    given_value(check, calc_type, given, 2).call(0, ok_cpn_rate, cpn_rate);
-    return bond_dates(check, {sm, sd, sy}, {mm, md, my}, c, day_type, eom, cpn_freq, &ok_auct_MDYs)
-        .call(0, ok_redemptn, redemptn)
+    return regular_bond(check, day_type, eom, cpn_freq, calc_type, given, cpn_rate, {sm, sd, sy}, {mm, md, my},
+                        {{dm, dd, dy}, {fm, fd, fy}, {}}, redemptn, &ok_auct_MDYs)
         .ok();
 }
 
@@ -87,8 +94,7 @@ ORVEL_EXPORT(int32_t) ok_mtrm_in(int32_t day_type, int32_t eom, int32_t cpn_freq
                                  uint32_t* err_code) {
     Copies c{{dm, dd, dy}, {fm, fd, fy}, {lm, ld, ly}};
     Check check(err_code);
-    codes(check, day_type, cpn_freq);
-    given_value(check, calc_type, given, 2).call(0, ok_cpn_rate, cpn_rate);
+    coupon_terms(check, day_type, cpn_freq, calc_type, given, cpn_rate);
     odd_last_dates(check, {sm, sd, sy}, {mm, md, my}, c, day_type, eom, cpn_freq, &ok_mtrm_MDYs)
         .call(0, ok_redemptn, redemptn);
     return taxes(check, tax1, tax2).ok();
@@ -115,8 +121,7 @@ ORVEL_EXPORT(int32_t) ok_ofsl_in(int32_t day_type, int32_t eom, int32_t cpn_freq
                                  double redemptn, uint32_t* err_code) {
     Copies c{{dm, dd, dy}, {fm, fd, fy}, {lm, ld, ly}};
     Check check(err_code);
-    codes(check, day_type, cpn_freq);
-    given_value(check, calc_type, given, 2).call(0, ok_cpn_rate, cpn_rate);
+    coupon_terms(check, day_type, cpn_freq, calc_type, given, cpn_rate);
     return check
         .call(0, ok_ofsl_MDYs, tm, td, ty, sm, sd, sy, mm, md, my, &c.dated.m, &c.dated.d, &c.dated.y, &c.first.m,
               &c.first.d, &c.first.y, &c.last.m, &c.last.d, &c.last.y, day_type, eom, cpn_freq)
@@ -131,8 +136,7 @@ ORVEL_EXPORT(int32_t) ok_stpd_in(int32_t day_type, int32_t eom, int32_t cpn_freq
                                  double tax2, uint32_t* err_code) {
     Copies c{{dm, dd, dy}, {fm, fd, fy}, {}};
     Check check(err_code);
-    codes(check, day_type, cpn_freq);
-    given_value(check, calc_type, given, 2).call(0, ok_cpn_rate, cpn_rate).call(1, ok_cpn_rate, cpn_rate2);
+    coupon_terms(check, day_type, cpn_freq, calc_type, given, cpn_rate).call(1, ok_cpn_rate, cpn_rate2);
     check.call(0, ok_stpd_MDYs, sm, sd, sy, mm, md, my, &c.dated.m, &c.dated.d, &c.dated.y, &c.first.m, &c.first.d,
                &c.first.y, stm, std, sty, day_type, eom, cpn_freq)
         .call(0, ok_redemptn, redemptn);
@@ -146,8 +150,7 @@ ORVEL_EXPORT(int32_t) ok_stpd_inol(int32_t day_type, int32_t eom, int32_t cpn_fr
                                    int32_t ly, double redemptn, double tax1, double tax2, uint32_t* err_code) {
     Copies c{{dm, dd, dy}, {fm, fd, fy}, {lm, ld, ly}};
     Check check(err_code);
-    codes(check, day_type, cpn_freq);
-    given_value(check, calc_type, given, 2).call(0, ok_cpn_rate, cpn_rate).call(1, ok_cpn_rate, cpn_rate2);
+    coupon_terms(check, day_type, cpn_freq, calc_type, given, cpn_rate).call(1, ok_cpn_rate, cpn_rate2);
     check.call(0, ok_stpd_d_ol, sm, sd, sy, mm, md, my, &c.dated.m, &c.dated.d, &c.dated.y, &c.first.m, &c.first.d,
                &c.first.y, stm, std, sty, &c.last.m, &c.last.d, &c.last.y, day_type, eom, cpn_freq)
         .call(0, ok_redemptn, redemptn);

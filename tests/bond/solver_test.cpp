@@ -85,7 +85,8 @@ TEST(Solver, ResidualErrorsEndTheSolveWithTheirNumber) {
 }
 
 TEST(Solver, StatefulStopRuleComparesSteps) {
-    // A rule on the step size instead of the residual: stop when x moves less than 1e-6 (far tighter rules meet the 1e-10 floor on the step denominator first).
+    // A rule on the step size instead of the residual: stop when x moves less than 1e-6 (far tighter rules
+    // meet the 1e-10 floor on the step denominator first).
     double last = NAN;
     auto small_step = [&last](double x, double) {
         const bool done = std::fabs(x - last) < 1e-6;

@@ -59,7 +59,8 @@ std::ostream& operator<<(std::ostream& os, const Entry& e) {
 struct Lists {
     std::vector<int32_t> m, d, y;
     std::vector<double> a;
-    explicit Lists(const std::vector<Entry>& entries, size_t capacity) : m(capacity), d(capacity), y(capacity), a(capacity) {
+    explicit Lists(const std::vector<Entry>& entries, size_t capacity)
+        : m(capacity), d(capacity), y(capacity), a(capacity) {
         for (size_t i = 0; i < entries.size(); ++i) {
             m[i] = entries[i].m;
             d[i] = entries[i].d;
@@ -88,8 +89,10 @@ TEST(DateListMaintenance, MergeAddsOnEqualDatesAndReduceUndoesIt) {
     uint32_t err = 0;
     const int32_t merged = maint(1, list, 3, chg, 3, &err);
     ASSERT_EQ(merged, 5);
-    EXPECT_EQ(list.first(5), (std::vector<Entry>{{12, 31, 2000, 2.5}, {1, 15, 2001, 100}, {7, 15, 2001, 150.25},
-                                                 {1, 15, 2002, 100}, {3, 1, 2002, 7}}));
+    EXPECT_EQ(
+        list.first(5),
+        (std::vector<Entry>{
+            {12, 31, 2000, 2.5}, {1, 15, 2001, 100}, {7, 15, 2001, 150.25}, {1, 15, 2002, 100}, {3, 1, 2002, 7}}));
     EXPECT_EQ(maint(-2, list, merged, chg, 3, &err), 3);
     EXPECT_EQ(list.first(3), original);
     EXPECT_EQ(maint(-1, list, 3, chg, 3, &err), 2);  // deletes 7/15/2001 whatever its amount

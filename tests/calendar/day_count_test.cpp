@@ -90,13 +90,13 @@ struct ActualRow {
 
 TEST(ActualDays, LeapDayCountsOnlyInActual) {
     const ActualRow rows[] = {
-        {{2, 1, 2000, 3, 1, 2000}, 29, 28},       // 29 Feb 2000 counted / not
+        {{2, 1, 2000, 3, 1, 2000}, 29, 28},  // 29 Feb 2000 counted / not
         {{2, 28, 2000, 3, 1, 2000}, 2, 1},
-        {{2, 29, 2000, 3, 1, 2000}, 1, 0},        // 29 February counts as 1 March
+        {{2, 29, 2000, 3, 1, 2000}, 1, 0},  // 29 February counts as 1 March
         {{1, 1, 2000, 1, 1, 2001}, 366, 365},
-        {{1, 1, 1900, 1, 1, 1901}, 365, 365},     // 1900 is no leap year
+        {{1, 1, 1900, 1, 1, 1901}, 365, 365},  // 1900 is no leap year
         {{3, 1, 2000, 3, 1, 2001}, 365, 365},
-        {{1, 1, 2001, 1, 1, 2000}, -366, -365},   // signed
+        {{1, 1, 2001, 1, 1, 2000}, -366, -365},        // signed
         {{1, 1, 1800, 12, 31, 2300}, 182985, 182864},  // 2561482 - 2378497; 182985 less 121 leap days
     };
     for (const ActualRow& r : rows) {
@@ -112,10 +112,9 @@ TEST(ActualDays, LeapDayCountsOnlyInActual) {
 // The dispatcher sends each code to its kernel.
 TEST(DayCount, EachCodeCountsWithItsKernel) {
     using Kernel = int32_t (*)(int32_t, int32_t, int32_t, int32_t, int32_t, int32_t);
-    const Kernel by_code[14] = {nullptr,      days_act,     days_nasd360, days_msrb360, days_sia360,
-                                days_aibd360, days_new360,  days_act,     days_act,     days_act_nl,
-                                days_sia360,  days_eurp360, days_act,     days_act};
-    const Pair pairs[] = {{1, 31, 2001, 3, 31, 2001}, {2, 28, 2001, 3, 31, 2001}, {2, 1, 2000, 3, 1, 2000},
+    const Kernel by_code[14] = {nullptr,  days_act, days_nasd360, days_msrb360, days_sia360,  days_aibd360, days_new360,
+                                days_act, days_act, days_act_nl,  days_sia360,  days_eurp360, days_act,     days_act};
+    const Pair pairs[] = {{1, 31, 2001, 3, 31, 2001}, {2, 28, 2001, 3, 31, 2001},   {2, 1, 2000, 3, 1, 2000},
                           {2, 29, 2000, 2, 28, 2001}, {12, 31, 1999, 12, 31, 2000}, {8, 15, 2001, 8, 31, 2001}};
     uint32_t err = 0;
     for (int32_t code = 1; code <= 13; ++code) {

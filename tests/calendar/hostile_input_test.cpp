@@ -12,7 +12,8 @@ namespace {
 
 constexpr int32_t kMax = std::numeric_limits<int32_t>::max();
 constexpr int32_t kMin = std::numeric_limits<int32_t>::min();
-const int32_t hostile[] = {kMin, kMin + 1, -2000000000, -100000, -13, -1, 0, 13, 32, 100000, 2000000000, kMax - 1, kMax};
+const int32_t hostile[] = {kMin, kMin + 1, -2000000000, -100000,    -13,      -1,  0,
+                           13,   32,       100000,      2000000000, kMax - 1, kMax};
 
 TEST(HostileInput, DateFunctionsReturnOnAnyTriple) {
     uint32_t err = 0;
@@ -71,8 +72,14 @@ TEST(HostileInput, StepsWithExtremeCounts) {
 }
 
 TEST(HostileInput, FractionalYearsThatAreNoNumber) {
-    const double yrs[] = {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(),
-                          -std::numeric_limits<double>::infinity(), 1e300, -1e300, 1e9 + 1, -2.75, 5e8};
+    const double yrs[] = {std::numeric_limits<double>::quiet_NaN(),
+                          std::numeric_limits<double>::infinity(),
+                          -std::numeric_limits<double>::infinity(),
+                          1e300,
+                          -1e300,
+                          1e9 + 1,
+                          -2.75,
+                          5e8};
     for (double v : yrs) {
         for (int32_t day_type : {-1, 0, 1, 2, 9, 12, 14, kMax}) {
             SCOPED_TRACE(testing::Message() << v << " years, day_type " << day_type);

@@ -81,7 +81,8 @@ double isda_by_years(MDY a, MDY b) {
     for (int32_t year = a.y; year <= b.y; ++year) {
         const MDY from = year == a.y ? a : MDY{1, 1, year};
         const MDY to = year == b.y ? b : MDY{1, 1, year + 1};
-        sum += static_cast<double>(days_act(from.m, from.d, from.y, to.m, to.d, to.y)) / (is_leap_year(year) ? 366 : 365);
+        sum +=
+            static_cast<double>(days_act(from.m, from.d, from.y, to.m, to.d, to.y)) / (is_leap_year(year) ? 366 : 365);
     }
     return sum;
 }
@@ -145,7 +146,8 @@ TEST(IdentitySweep, ListMaintenanceMatchesAMapOfDatedAmounts) {
         auto random_list = [&](int32_t n) {
             std::map<int32_t, double> list;
             while (static_cast<int32_t>(list.size()) < n)
-                list[MDY_2_julian(1, 1, 2000) + static_cast<int32_t>(rng() % 60)] = static_cast<double>(rng() % 8 + 1) * 0.25;
+                list[MDY_2_julian(1, 1, 2000) + static_cast<int32_t>(rng() % 60)] =
+                    static_cast<double>(rng() % 8 + 1) * 0.25;
             return list;
         };
         const std::map<int32_t, double> first = random_list(static_cast<int32_t>(rng() % 20));
@@ -170,8 +172,8 @@ TEST(IdentitySweep, ListMaintenanceMatchesAMapOfDatedAmounts) {
             cm.push_back(v.m), cd.push_back(v.d), cy.push_back(v.y), ca.push_back(amount);
         }
         uint32_t err = 0;
-        const int32_t n = MDY_maint(action, m.data(), d.data(), y.data(), a.data(), count, capacity, cm.data(), cd.data(),
-                                    cy.data(), ca.data(), static_cast<int32_t>(cm.size()), 1, &err);
+        const int32_t n = MDY_maint(action, m.data(), d.data(), y.data(), a.data(), count, capacity, cm.data(),
+                                    cd.data(), cy.data(), ca.data(), static_cast<int32_t>(cm.size()), 1, &err);
         ASSERT_EQ(err, 0u);
         ASSERT_EQ(n, static_cast<int32_t>(expected.size())) << "round " << round << ", action " << action;
         int32_t i = 0;

@@ -28,12 +28,12 @@ struct MonthStep {
 
 TEST(MonthSteps, DayFixedToTheTargetMonth) {
     const MonthStep rows[] = {
-        {{1, 31, 2001}, 1, 0, {2, 28, 2001}},    // lowered to the month end
+        {{1, 31, 2001}, 1, 0, {2, 28, 2001}},  // lowered to the month end
         {{3, 31, 2000}, -1, 0, {2, 29, 2000}},
-        {{2, 28, 2001}, 1, 0, {3, 28, 2001}},    // a month end kept only with eom
+        {{2, 28, 2001}, 1, 0, {3, 28, 2001}},  // a month end kept only with eom
         {{2, 28, 2001}, 1, 1, {3, 31, 2001}},
-        {{2, 28, 2000}, 1, 1, {3, 28, 2000}},    // 28 February 2000 is no month end
-        {{1, 15, 2001}, -13, 0, {12, 15, 1999}}, // the month carried into the year
+        {{2, 28, 2000}, 1, 1, {3, 28, 2000}},     // 28 February 2000 is no month end
+        {{1, 15, 2001}, -13, 0, {12, 15, 1999}},  // the month carried into the year
         {{12, 15, 2001}, -24, 0, {12, 15, 1999}},
         {{12, 15, 2001}, 1, 0, {1, 15, 2002}},
         {{1, 15, 2001}, -1, 0, {12, 15, 2000}},
@@ -73,13 +73,15 @@ TEST(MonthSteps, EveryDateAgainstCivilCalendar) {
         const chr::year_month_day ymd{day};
         const MDY from{static_cast<int32_t>(static_cast<unsigned>(ymd.month())),
                        static_cast<int32_t>(static_cast<unsigned>(ymd.day())), static_cast<int32_t>(ymd.year())};
-        const bool month_end = chr::year_month_day_last{ymd.year(), chr::month_day_last{ymd.month()}}.day() == ymd.day();
+        const bool month_end =
+            chr::year_month_day_last{ymd.year(), chr::month_day_last{ymd.month()}}.day() == ymd.day();
         for (int32_t n : steps) {
             const chr::year_month target = chr::year_month{ymd.year(), ymd.month()} + chr::months{n};
-            const unsigned last = static_cast<unsigned>(chr::year_month_day_last{target.year(), chr::month_day_last{target.month()}}.day());
+            const unsigned last = static_cast<unsigned>(
+                chr::year_month_day_last{target.year(), chr::month_day_last{target.month()}}.day());
             const unsigned day_kept = std::min(static_cast<unsigned>(ymd.day()), last);
-            const MDY expect_plain{static_cast<int32_t>(static_cast<unsigned>(target.month())), static_cast<int32_t>(day_kept),
-                                   static_cast<int32_t>(target.year())};
+            const MDY expect_plain{static_cast<int32_t>(static_cast<unsigned>(target.month())),
+                                   static_cast<int32_t>(day_kept), static_cast<int32_t>(target.year())};
             MDY expect_eom = expect_plain;
             if (month_end) expect_eom.d = static_cast<int32_t>(last);
             if (months_on(from, n, 0) != expect_plain || months_on(from, n, 1) != expect_eom) {
@@ -123,7 +125,7 @@ struct YearStep {
 
 TEST(YearSteps, WholeAndFractionalYears) {
     const YearStep rows[] = {
-        {3.0, {2, 28, 2001}, 1, {2, 29, 2004}},   // a month end stays a month end
+        {3.0, {2, 28, 2001}, 1, {2, 29, 2004}},  // a month end stays a month end
         {1.0, {2, 29, 2000}, 1, {2, 28, 2001}},
         {1.0, {3, 15, 2000}, 2, {3, 15, 2001}},
         {0.5, {1, 31, 2001}, 2, {7, 31, 2001}},   // 180 days: 6 months (month end kept), 0 days
@@ -146,7 +148,8 @@ TEST(YearSteps, WholeAndFractionalYears) {
 }
 
 TEST(YearSteps, RejectedYearsLeaveTheDate) {
-    const double bad[] = {-1.0, std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(), 1e300};
+    const double bad[] = {-1.0, std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(),
+                          1e300};
     for (double yrs : bad) {
         SCOPED_TRACE(yrs);
         MDY v{6, 15, 2001};

@@ -21,8 +21,8 @@ struct Civil {
 
 Civil civil(chr::sys_days day) {
     const chr::year_month_day ymd{day};
-    return {static_cast<int32_t>(static_cast<unsigned>(ymd.month())), static_cast<int32_t>(static_cast<unsigned>(ymd.day())),
-            static_cast<int32_t>(ymd.year())};
+    return {static_cast<int32_t>(static_cast<unsigned>(ymd.month())),
+            static_cast<int32_t>(static_cast<unsigned>(ymd.day())), static_cast<int32_t>(ymd.year())};
 }
 
 TEST(DateSweep, JulianMatchesCivilCalendarAndRoundTrips) {

@@ -27,7 +27,8 @@ TEST(Validation, EachBadArgumentGivesItsNumber) {
         {"lt: day_type -1", [](uint32_t* e) { return is_MDYltMDY(1, 1, 2000, 1, 2, 2000, -1, 1, e); }, 501},
         {"le: later first date", [](uint32_t* e) { return is_MDYleMDY(1, 2, 2000, 1, 1, 2000, 1, 1, e); }, 2000},
         {"lt: equal dates", [](uint32_t* e) { return is_MDYltMDY(1, 1, 2000, 1, 1, 2000, 1, 1, e); }, 2100},
-        {"lt: 30th and 31st under 30/360", [](uint32_t* e) { return is_MDYltMDY(3, 30, 2000, 3, 31, 2000, 2, 0, e); }, 2100},
+        {"lt: 30th and 31st under 30/360", [](uint32_t* e) { return is_MDYltMDY(3, 30, 2000, 3, 31, 2000, 2, 0, e); },
+         2100},
         {"days: day_type 14", [](uint32_t* e) { return days_b_MDYs(1, 1, 2000, 1, 1, 2001, 14, 1, e); }, 500},
         {"days: day_type before dates", [](uint32_t* e) { return days_b_MDYs(0, 0, 0, 1, 1, 2001, -1, 1, e); }, 501},
         {"days: second date year 2301", [](uint32_t* e) { return days_b_MDYs(1, 1, 2000, 1, 1, 2301, 1, 1, e); }, 1100},
@@ -35,16 +36,25 @@ TEST(Validation, EachBadArgumentGivesItsNumber) {
         {"years: bad month", [](uint32_t* e) { return years_b_MDYs(0, 1, 2000, 1, 1, 2000, 1, 1, e); }, 1200},
         {"yrbasis: day_type 0", [](uint32_t* e) { return days_yrbasis(1, 1, 2000, 0, 1, e); }, 500},
         {"yrbasis: bad date", [](uint32_t* e) { return days_yrbasis(4, 31, 2000, 1, 1, e); }, 1300},
-        {"act_yr: settlement month", [](uint32_t* e) { return days_act_yr(13, 1, 2000, 1, 1, 2000, 1, 1, 2001, 1, 1, e); }, 1207},
-        {"act_yr: maturity blank", [](uint32_t* e) { return days_act_yr(1, 1, 2000, 1, 1, 2000, 0, 0, 0, 1, 1, e); }, 1501},
-        {"act_yr: dated date read by 2", [](uint32_t* e) { return days_act_yr(1, 1, 2000, 2, 30, 2000, 1, 1, 2001, 2, 1, e); }, 1302},
-        {"act_yr: dated date read by 6", [](uint32_t* e) { return days_act_yr(1, 1, 2000, 1, 1, 1700, 1, 1, 2001, 6, 1, e); }, 1102},
-        {"actf_yr: dated date read by 11", [](uint32_t* e) { return days_actf_yr(1, 1, 2000, 0, 0, 0, 1, 1, 2001, 11, 2, 1, e); }, 1502},
-        {"actf_yr: frequency -1", [](uint32_t* e) { return days_actf_yr(1, 1, 2000, 1, 1, 2000, 1, 1, 2001, 12, -1, 1, e); }, 601},
+        {"act_yr: settlement month",
+         [](uint32_t* e) { return days_act_yr(13, 1, 2000, 1, 1, 2000, 1, 1, 2001, 1, 1, e); }, 1207},
+        {"act_yr: maturity blank", [](uint32_t* e) { return days_act_yr(1, 1, 2000, 1, 1, 2000, 0, 0, 0, 1, 1, e); },
+         1501},
+        {"act_yr: dated date read by 2",
+         [](uint32_t* e) { return days_act_yr(1, 1, 2000, 2, 30, 2000, 1, 1, 2001, 2, 1, e); }, 1302},
+        {"act_yr: dated date read by 6",
+         [](uint32_t* e) { return days_act_yr(1, 1, 2000, 1, 1, 1700, 1, 1, 2001, 6, 1, e); }, 1102},
+        {"actf_yr: dated date read by 11",
+         [](uint32_t* e) { return days_actf_yr(1, 1, 2000, 0, 0, 0, 1, 1, 2001, 11, 2, 1, e); }, 1502},
+        {"actf_yr: frequency -1",
+         [](uint32_t* e) { return days_actf_yr(1, 1, 2000, 1, 1, 2000, 1, 1, 2001, 12, -1, 1, e); }, 601},
         {"dn_365: day_type 99", [](uint32_t* e) { return is_dt_dn_365(99, 1, e); }, 500},
-        {"isda: date2 first", [&](uint32_t* e) { return isda_dcf(1, 2, 2000, 1, 1, 2000, 1, 0, 0, 0, &basis, 1, e); }, 2000},
-        {"isda: bad date before day_type", [&](uint32_t* e) { return isda_dcf(1, 1, 2000, 2, 30, 2000, -1, 0, 0, 0, &basis, 1, e); }, 1300},
-        {"isda: day_type", [&](uint32_t* e) { return isda_dcf(1, 1, 2000, 1, 1, 2001, -1, 0, 0, 0, &basis, 1, e); }, 501},
+        {"isda: date2 first", [&](uint32_t* e) { return isda_dcf(1, 2, 2000, 1, 1, 2000, 1, 0, 0, 0, &basis, 1, e); },
+         2000},
+        {"isda: bad date before day_type",
+         [&](uint32_t* e) { return isda_dcf(1, 1, 2000, 2, 30, 2000, -1, 0, 0, 0, &basis, 1, e); }, 1300},
+        {"isda: day_type", [&](uint32_t* e) { return isda_dcf(1, 1, 2000, 1, 1, 2001, -1, 0, 0, 0, &basis, 1, e); },
+         501},
     };
     for (const ErrorRow& r : rows) {
         SCOPED_TRACE(r.what);
@@ -59,8 +69,8 @@ TEST(Validation, SuccessLeavesErrCodeAlone) {
     int32_t basis = 0, m = 0, d = 0, y = 0;
     EXPECT_EQ(MDY_2_dow(2, 29, 2000, 1, &err), 2);
     EXPECT_EQ(days_b_MDYs(1, 1, 2000, 1, 1, 2001, 2, 1, &err), 360);
-    EXPECT_EQ(is_MDYeqMDY(1, 1, 2000, 1, 2, 2000, 1, 1, &err), 0);  // unequal is no failure
-    EXPECT_EQ(is_MDYleMDY(3, 31, 2000, 3, 30, 2000, 5, 1, &err), 1);  // 30E: the 31st is the 30th
+    EXPECT_EQ(is_MDYeqMDY(1, 1, 2000, 1, 2, 2000, 1, 1, &err), 0);     // unequal is no failure
+    EXPECT_EQ(is_MDYleMDY(3, 31, 2000, 3, 30, 2000, 5, 1, &err), 1);   // 30E: the 31st is the 30th
     EXPECT_EQ(is_MDYltMDY(3, 30, 2000, 3, 31, 2000, 11, 1, &err), 1);  // rolled forward: the 31st is later
     EXPECT_EQ(doy_2_MDY(60, 2000, &m, &d, &y, 1, &err), 2000);
     EXPECT_DOUBLE_EQ(isda_dcf(1, 1, 2000, 1, 1, 2000, 1, 0, 0, 0, &basis, 1, &err), 0.0);

@@ -11,11 +11,11 @@ struct YearsRow {
 
 TEST(YearsBetween, AnniversariesAndDayCounts) {
     const YearsRow rows[] = {
-        {2, 29, 2000, 2, 28, 2001, 1, 1.0},           // the February month end of 2001 is the anniversary
-        {1, 15, 2001, 1, 15, 2004, 1, 3.0},           // on an anniversary: whole years
-        {1, 1, 2000, 7, 2, 2000, 1, 183.0 / 366.0},   // in the leap anniversary year
+        {2, 29, 2000, 2, 28, 2001, 1, 1.0},          // the February month end of 2001 is the anniversary
+        {1, 15, 2001, 1, 15, 2004, 1, 3.0},          // on an anniversary: whole years
+        {1, 1, 2000, 7, 2, 2000, 1, 183.0 / 366.0},  // in the leap anniversary year
         {7, 1, 1999, 7, 1, 2000, 8, 1.0},
-        {7, 1, 1999, 1, 1, 2000, 7, 184.0 / 366.0},   // anniversary year 7/1/1999..7/1/2000 holds 29 Feb
+        {7, 1, 1999, 1, 1, 2000, 7, 184.0 / 366.0},  // anniversary year 7/1/1999..7/1/2000 holds 29 Feb
         {3, 1, 2000, 2, 28, 2001, 1, 364.0 / 365.0},
         // 2/28/2001 is a month end, so its anniversaries are month ends: 2/28/2003 to 2/29/2004 is the
         // last anniversary year, and 2/28/2004 lies a day before its end
@@ -24,10 +24,10 @@ TEST(YearsBetween, AnniversariesAndDayCounts) {
         // 2/29/2008: four years less a day of 366
         {2, 28, 2004, 2, 28, 2008, 1, 3.0 + 365.0 / 366.0},
         {6, 10, 2001, 6, 10, 2001, 1, 0.0},
-        {1, 31, 2001, 7, 31, 2001, 2, 0.5},           // 180 / 360
-        {2, 28, 2001, 8, 28, 2001, 4, 178.0 / 360.0}, // SIA February end
+        {1, 31, 2001, 7, 31, 2001, 2, 0.5},            // 180 / 360
+        {2, 28, 2001, 8, 28, 2001, 4, 178.0 / 360.0},  // SIA February end
         {1, 1, 2000, 1, 1, 2001, 12, 366.0 / 365.0},
-        {1, 1, 2000, 1, 1, 2001, 13, 1.0},            // no leap days
+        {1, 1, 2000, 1, 1, 2001, 13, 1.0},  // no leap days
         {1, 1, 2000, 1, 1, 2001, 9, 1.0},
     };
     for (const YearsRow& r : rows) {
@@ -77,13 +77,12 @@ struct ActYrRow {
 TEST(ActualYear, EveryMethod) {
     // date1 3/1/1999 (settlement), date2 1/15/2000 (dated), date3 9/1/1999 (maturity)
     const ActYrRow rows[] = {
-        {1, 366},  // 3/1/1999 to 3/1/2000 holds 29 Feb 2000
-        {2, 366},  // 1/15/2000 to 1/15/2001
-        {3, 365},  // 3/1/1998 to 3/1/1999
-        {4, 365},  // 9/1/1998 to 9/1/1999
-        {5, 365}, {6, 366}, {7, 365},
-        {8, 365},  // 3/1/1999..9/1/1999 holds no 29 February
-        {9, 365}, {10, 366}, {11, 0}, {0, 0},
+        {1, 366},                                 // 3/1/1999 to 3/1/2000 holds 29 Feb 2000
+        {2, 366},                                 // 1/15/2000 to 1/15/2001
+        {3, 365},                                 // 3/1/1998 to 3/1/1999
+        {4, 365},                                 // 9/1/1998 to 9/1/1999
+        {5, 365}, {6, 366},  {7, 365}, {8, 365},  // 3/1/1999..9/1/1999 holds no 29 February
+        {9, 365}, {10, 366}, {11, 0},  {0, 0},
     };
     for (const ActYrRow& r : rows) {
         SCOPED_TRACE(r.method);
@@ -95,7 +94,7 @@ TEST(ActualYear, EveryMethod) {
         EXPECT_EQ(err, 0u);
     }
     uint32_t err = 0;
-    EXPECT_EQ(days_act_yr(9, 1, 1999, 0, 0, 0, 3, 1, 2000, 8, 1, &err), 366);  // 29 Feb 2000 inside
+    EXPECT_EQ(days_act_yr(9, 1, 1999, 0, 0, 0, 3, 1, 2000, 8, 1, &err), 366);    // 29 Feb 2000 inside
     EXPECT_EQ(days_act_yr(2, 29, 2000, 0, 0, 0, 2, 28, 2001, 8, 1, &err), 366);  // on the first day
     EXPECT_EQ(days_act_yr(3, 1, 2000, 0, 0, 0, 3, 1, 2001, 8, 1, &err), 365);
     EXPECT_EQ(days_act_yr(1, 1, 2000, 0, 0, 0, 1, 3, 2001, 8, 1, &err), 0);  // 368 days

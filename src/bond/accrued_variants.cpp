@@ -1,0 +1,168 @@
+// Accrued interest seen through an ex-dividend rule or from the trade date, and the coupon payments and
+// one day's interest of a holding: each a thin layer over bond_ai.
+#include "bond/accrued.hpp"
+#include "bond/dates.hpp"
+#include "bond/kernels.hpp"
+#include "frame/check.hpp"
+#include "orvel/bond.h"
+#include "orvel/calendar.h"
+#include "orvel/schedule.h"
+
+namespace {
+
+using orvel::bond::Mdy;
+
+struct Coupons {
+    Mdy previous, next;
+};
+
+// The coupon period that contains a date, on the bond's own schedule (odd first period included).
+Coupons coupons_around(const Mdy& date, const Mdy& mat, Mdy dated, Mdy first_cpn, int32_t day_type, int32_t eom,
+                       int32_t cpn_freq) {
+    orvel::bond::default_first_period(mat, &dated, &first_cpn, cpn_freq, eom);
+    Coupons c{};
+    uint32_t scratch = 0;
+    per_cpn_MDYs(date.m, date.d, date.y, mat.m, mat.d, mat.y, dated.m, dated.d, dated.y, first_cpn.m, first_cpn.d,
+                 first_cpn.y, 0, 0, 0, day_type, eom, cpn_freq, &c.previous.m, &c.previous.d, &c.previous.y,
+                 &c.next.m, &c.next.d, &c.next.y, 0, &scratch);
+    return c;
+}
+
+// Per 100 of face to the money of a holding of face_k thousand.
+double holding(double per_100, double face_k) { return per_100 * face_k * 10.0; }
+
+constexpr double one_365th = 0.0027397260273972603;
+
+}  // namespace
+
+ORVEL_EXPORT(double) bond_ex_ai(int32_t trade_m, int32_t trade_d, int32_t trade_y, int32_t settle_m, int32_t settle_d,
+                                int32_t settle_y, int32_t exdiv_m, int32_t exdiv_d, int32_t exdiv_y, int32_t ex_type,
+                                int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d,
+                                int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y,
+                                double cpn_rate, int32_t day_type, int32_t eom, int32_t cpn_freq, double* nxt_frac,
+                                double* cpn_amt, int32_t* n_after, int32_t validate, uint32_t* err_code) {
+    if (validate != 0 && ex_type != 0 &&
+        !orvel::Check(err_code)
+             .call(0, ok_exdiv_MDY, exdiv_m, exdiv_d, exdiv_y, settle_m, settle_d, settle_y, mat_m, mat_d, mat_y,
+                   dated_m, dated_d, dated_y, first_cpn_m, first_cpn_d, first_cpn_y, day_type, eom, cpn_freq)
+             .step([&](uint32_t* e) {
+                 return ex_type != 2 ||
+                        ok_trade_MDY(trade_m, trade_d, trade_y, mat_m, mat_d, mat_y, dated_m, dated_d, dated_y, e);
+             })
+             .ok())
+        return 0.0;
+    uint32_t err = 0;
+    const double ai = bond_ai(settle_m, settle_d, settle_y, mat_m, mat_d, mat_y, dated_m, dated_d, dated_y, first_cpn_m,
+                              first_cpn_d, first_cpn_y, cpn_rate, day_type, eom, cpn_freq, nxt_frac, cpn_amt, n_after,
+                              validate, &err);
+    if (err != 0) return orvel::bond::fail_price(err_code, err);
+    if (ex_type == 0) return ai;
+    const Mdy settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
+    const Mdy exdiv{exdiv_m, exdiv_d, exdiv_y};
+    const Coupons around = coupons_around(exdiv, mat, Mdy{dated_m, dated_d, dated_y},
+                                          Mdy{first_cpn_m, first_cpn_d, first_cpn_y}, day_type, eom, cpn_freq);
+    if (ex_type != 1 && ex_type != 2) return orvel::bond::fail_price(err_code, ORVEL_E_EX_TYPE);
+    const Mdy test = ex_type == 1 ? settle : Mdy{trade_m, trade_d, trade_y};
+    const bool ex_dividend = orvel::bond::days_between(exdiv, test, orvel::bond::actual_days) >= 0 &&
+                             orvel::bond::days_between(settle, around.next, orvel::bond::actual_days) > 0;
+    if (!ex_dividend) return ai;
+    // The buyer pays back the interest from settlement to the coupon the seller receives: by days over a
+    // 365-day year where the basis has one, else as the accrued interest less the whole coupon.
+    uint32_t scratch = 0;
+    if (is_dt_dn_365(day_type, 0, &scratch) != 0)
+        return -orvel::bond::days_between(settle, around.next, day_type) * cpn_rate * one_365th;
+    return ai - *cpn_amt;
+}
+
+ORVEL_EXPORT(double) bond_fpi(int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate, int32_t settle_m,
+                              int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y,
+                              int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m,
+                              int32_t first_cpn_d, int32_t first_cpn_y, double face_k, int32_t validate,
+                              uint32_t* err_code) {
+    if (validate != 0 && !orvel::bond::valid_face(face_k)) return orvel::bond::fail_price(err_code, ORVEL_E_FACE);
+    double nxt_frac = 0.0, cpn_amt = 0.0;
+    int32_t n_after = 0;
+    uint32_t err = 0;
+    bond_ai(settle_m, settle_d, settle_y, mat_m, mat_d, mat_y, dated_m, dated_d, dated_y, first_cpn_m, first_cpn_d,
+            first_cpn_y, cpn_rate, day_type, eom, cpn_freq, &nxt_frac, &cpn_amt, &n_after, validate, &err);
+    if (err != 0) return orvel::bond::fail_price(err_code, err);
+    return holding(cpn_amt, face_k);
+}
+
+ORVEL_EXPORT(double) bond_td_ai(int32_t trade_m, int32_t trade_d, int32_t trade_y, int32_t settle_m, int32_t settle_d,
+                                int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m,
+                                int32_t dated_d, int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d,
+                                int32_t first_cpn_y, double cpn_rate, int32_t day_type, int32_t eom, int32_t cpn_freq,
+                                double* nxt_frac, double* cpn_amt, int32_t* n_after, int32_t validate,
+                                uint32_t* err_code) {
+    if (validate != 0 && !ok_trade_MDY(trade_m, trade_d, trade_y, mat_m, mat_d, mat_y, dated_m, dated_d, dated_y,
+                                       err_code))
+        return 0.0;
+    uint32_t err = 0;
+    const double ai = bond_ai(settle_m, settle_d, settle_y, mat_m, mat_d, mat_y, dated_m, dated_d, dated_y,
+                              first_cpn_m, first_cpn_d, first_cpn_y, cpn_rate, day_type, eom, cpn_freq, nxt_frac,
+                              cpn_amt, n_after, validate, &err);
+    if (err != 0) return orvel::bond::fail_price(err_code, err);
+    const Mdy trade{trade_m, trade_d, trade_y};
+    const Coupons around = coupons_around(Mdy{settle_m, settle_d, settle_y}, Mdy{mat_m, mat_d, mat_y},
+                                          Mdy{dated_m, dated_d, dated_y}, Mdy{first_cpn_m, first_cpn_d, first_cpn_y},
+                                          day_type, eom, cpn_freq);
+    if (orvel::bond::days_between(trade, around.previous, orvel::bond::actual_days) <= 0) return ai;
+    // A coupon fell between trade and settlement: the buyer also owes the coupon of the trade's period.
+    return ai + bond_fpi(day_type, eom, cpn_freq, cpn_rate, trade_m, trade_d, trade_y, mat_m, mat_d, mat_y, dated_m,
+                         dated_d, dated_y, first_cpn_m, first_cpn_d, first_cpn_y, 0.1, 0, err_code);
+}
+
+ORVEL_EXPORT(double) bond_1di(int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate, int32_t settle_m,
+                              int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y,
+                              int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m,
+                              int32_t first_cpn_d, int32_t first_cpn_y, double face_k, int32_t validate,
+                              uint32_t* err_code) {
+    if (validate != 0 && !orvel::bond::valid_face(face_k)) return orvel::bond::fail_price(err_code, ORVEL_E_FACE);
+    if (dated_m != 0 && settle_m == dated_m && settle_d == dated_d && settle_y == dated_y) return 0.0;
+    double nxt_frac = 0.0, cpn_amt = 0.0;
+    int32_t n_after = 0;
+    uint32_t err = 0;
+    const double today = bond_ai(settle_m, settle_d, settle_y, mat_m, mat_d, mat_y, dated_m, dated_d, dated_y,
+                                 first_cpn_m, first_cpn_d, first_cpn_y, cpn_rate, day_type, eom, cpn_freq, &nxt_frac,
+                                 &cpn_amt, &n_after, validate, &err);
+    if (err != 0) return orvel::bond::fail_price(err_code, err);
+    const Mdy before = orvel::bond::step_days(Mdy{settle_m, settle_d, settle_y}, -1);
+    const double yesterday = bond_ai(before.m, before.d, before.y, mat_m, mat_d, mat_y, dated_m, dated_d, dated_y,
+                                     first_cpn_m, first_cpn_d, first_cpn_y, cpn_rate, day_type, eom, cpn_freq,
+                                     &nxt_frac, &cpn_amt, &n_after, 0, &err);
+    if (err != 0) return orvel::bond::fail_price(err_code, err);
+    double day = today - yesterday;
+    if (day < 0.0) day = cpn_amt - yesterday;  // a coupon paid on settlement restarted the accrual
+    return holding(day, face_k);
+}
+
+ORVEL_EXPORT(double) bond_pip(int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate, int32_t settle_m,
+                              int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y,
+                              int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m,
+                              int32_t first_cpn_d, int32_t first_cpn_y, double face_k, int32_t validate,
+                              uint32_t* err_code) {
+    if (validate != 0 && !orvel::bond::valid_face(face_k)) return orvel::bond::fail_price(err_code, ORVEL_E_FACE);
+    Mdy settle{settle_m, settle_d, settle_y};
+    const Mdy mat{mat_m, mat_d, mat_y};
+    // At maturity the period is the last one: look at it from inside.
+    if (orvel::bond::days_between(settle, mat, day_type) == 0) settle = orvel::bond::step_days(settle, -2);
+    double nxt_frac = 0.0, cpn_amt = 0.0;
+    int32_t n_after = 0;
+    uint32_t err = 0;
+    bond_ai(settle.m, settle.d, settle.y, mat_m, mat_d, mat_y, dated_m, dated_d, dated_y, first_cpn_m, first_cpn_d,
+            first_cpn_y, cpn_rate, day_type, eom, cpn_freq, &nxt_frac, &cpn_amt, &n_after, validate, &err);
+    if (err != 0) return orvel::bond::fail_price(err_code, err);
+    uint32_t scratch = 0;
+    const bool on_coupon_date = ok_cpn_sync(settle.m, settle.d, settle.y, mat_m, mat_d, mat_y, eom, cpn_freq, 0,
+                                            &scratch) != 0;
+    const bool is_dated = settle.m == dated_m && settle.d == dated_d && settle.y == dated_y;
+    if (on_coupon_date && !is_dated) {
+        // Report the coupon paid on settlement, i.e. the one of the period that ends there.
+        const Mdy before = orvel::bond::step_days(settle, -1);
+        bond_ai(before.m, before.d, before.y, mat_m, mat_d, mat_y, dated_m, dated_d, dated_y, first_cpn_m, first_cpn_d,
+                first_cpn_y, cpn_rate, day_type, eom, cpn_freq, &nxt_frac, &cpn_amt, &n_after, 0, &err);
+        if (err != 0) return orvel::bond::fail_price(err_code, err);
+    }
+    return holding(cpn_amt, face_k);
+}
