@@ -120,7 +120,7 @@ ORVEL_EXPORT(double) d_qlb2dpdadr(int32_t settle_m, int32_t settle_d, int32_t se
  *   day_type, eom, cpn_freq                   conventions; pcd out date
  * The date group is checked by ok_mtrm_MDYs on every call, whatever validate says (validate is not read);
  * its defaults for blank dates apply to this call only. Errors: those of ok_mtrm_MDYs (date errors with
- * roles 1, 7, 2, 3, 6; 1502; 2027, 2123, 2171, 2161 ...). On failure nothing is written. */
+ * roles 1, 7, 2, 3, 6; 1502, 1503; 2027, 2123, 2171, 2061 ...). On failure nothing is written. */
 ORVEL_EXPORT(void) per_pcd(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
                            int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_m,
                            int32_t first_d, int32_t first_y, int32_t last_m, int32_t last_d, int32_t last_y,
