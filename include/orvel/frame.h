@@ -82,12 +82,12 @@
     X(ORVEL_E_FRN_DATES, 2600, "floating-rate note schedule inconsistent")                         \
     X(ORVEL_E_DOW, 2710, "day of week not 1..7")                                                   \
     X(ORVEL_E_DOW_OCCUR, 2720, "occurrence of a weekday in a month not 0..5")                      \
-    X(ORVEL_E_ODD_PERIOD1, 2851, "odd coupon-period dates inconsistent (check 1)")                 \
-    X(ORVEL_E_ODD_PERIOD2, 2852, "odd coupon-period dates inconsistent (check 2)")                 \
-    X(ORVEL_E_ODD_PERIOD3, 2853, "odd coupon-period dates inconsistent (check 3)")                 \
-    X(ORVEL_E_ODD_PERIOD4, 2854, "odd coupon-period dates inconsistent (check 4)")                 \
-    X(ORVEL_E_ODD_PERIOD5, 2855, "odd coupon-period dates inconsistent (check 5)")                 \
-    X(ORVEL_E_ODD_PERIOD6, 2856, "odd coupon-period dates inconsistent (check 6)")                 \
+    X(ORVEL_E_ODD_PERIOD1, 2851, "odd first period shorter than 0 months")                 \
+    X(ORVEL_E_ODD_PERIOD2, 2852, "odd first period longer than two coupon periods")                 \
+    X(ORVEL_E_ODD_PERIOD3, 2853, "odd last period shorter than 0 months")                 \
+    X(ORVEL_E_ODD_PERIOD4, 2854, "odd last period longer than two coupon periods")                 \
+    X(ORVEL_E_ODD_PERIOD5, 2855, "first coupon date not the odd first period after the dated date")                 \
+    X(ORVEL_E_ODD_PERIOD6, 2856, "last regular coupon date not the odd last period before maturity")                 \
     X(ORVEL_E_NEG_BASE, 4090, "1 + yield per period is negative: no price")                        \
     X(ORVEL_E_CPN_RATE, 4100, "coupon rate outside 0..3000")                                       \
     X(ORVEL_E_CPN_AMT, 4101, "next coupon amount outside 0..3000")                                 \
@@ -109,10 +109,10 @@
     X(ORVEL_E_HOL_COUNT, 5400, "holiday count outside 0..3000")                                    \
     X(ORVEL_E_HOL_ORDER, 5401, "holiday outside 1800..2300 or not after the one before")           \
     X(ORVEL_E_HOL_WEEKEND, 5403, "holiday on a Saturday or Sunday")                                \
-    X(ORVEL_E_BD_SCHEDULE1, 5410, "business-day adjusted schedule inconsistent (check 1)")         \
-    X(ORVEL_E_BD_SCHEDULE2, 5411, "business-day adjusted schedule inconsistent (check 2)")         \
-    X(ORVEL_E_BD_SCHEDULE3, 5412, "business-day adjusted schedule inconsistent (check 3)")         \
-    X(ORVEL_E_BD_SCHEDULE4, 5413, "business-day adjusted schedule inconsistent (check 4)")         \
+    X(ORVEL_E_BD_SCHEDULE1, 5410, "weekday occurrence of a business-day schedule not 0..5")         \
+    X(ORVEL_E_BD_SCHEDULE2, 5411, "weekday of a business-day schedule not 1..7")         \
+    X(ORVEL_E_BD_SCHEDULE3, 5412, "holiday table of a business-day schedule invalid")         \
+    X(ORVEL_E_BD_SCHEDULE4, 5413, "coupon frequency of a business-day schedule not 1, 2, 4 or 12")         \
     X(ORVEL_E_SRVC_FEE_LOW, 6201, "servicing fee below 0")                                         \
     X(ORVEL_E_SRVC_FEE_HIGH, 6202, "servicing fee above its bound")                                \
     X(ORVEL_E_PAYMT_DLY, 6300, "payment delay negative")                                           \
@@ -157,7 +157,17 @@
     X(ORVEL_E_MBS_BAL, 13100, "balance not positive")                                              \
     X(ORVEL_E_MBS_FCTR, 13200, "pool factor negative")                                             \
     X(ORVEL_E_FACE, 14100, "face amount negative")                                                 \
-    X(ORVEL_E_SF_IN, 14300, "sinking-fund inputs invalid")
+    X(ORVEL_E_SF_IN, 14300, "sinking-fund inputs invalid")                                         \
+    X(ORVEL_E_DWM_MATURITY, 2241, "maturity date not on the weekday-of-month rule")                \
+    X(ORVEL_E_DWM_LAST_CPN, 2246, "last regular coupon date not on the weekday-of-month rule")     \
+    X(ORVEL_E_GIVEN_SPREAD, 4031, "given spread not a finite number")                              \
+    X(ORVEL_E_FLT_MARGIN, 4130, "floating-rate margin outside -3000..3000")                        \
+    X(ORVEL_E_ER_DATED, 8512, "early redemption date before the dated date")                      \
+    X(ORVEL_E_SF_AFTER_MAT, 14301, "sinking-fund date after maturity")                             \
+    X(ORVEL_E_FLT_RST_SETTLE, 2057, "last reset date after settlement")                            \
+    X(ORVEL_E_FRN_RST_SETTLE, 2097, "last reset date after settlement")                            \
+    X(ORVEL_E_FRN_NEXT_RST, 2179, "settlement not before the next reset date")                     \
+    X(ORVEL_E_FRN_RST_ORDER, 2199, "last reset date not before the next reset date")
 
 #define ORVEL_ERROR_ENUM_(name, number, meaning) name = number,
 enum orvel_error { ORVEL_ERROR_TABLE(ORVEL_ERROR_ENUM_) };

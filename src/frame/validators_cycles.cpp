@@ -65,6 +65,40 @@ Check& weekday_rule_codes(Check& check, int32_t occur, int32_t dow) {
     return check.call(0, ok_dow_occur, occur).call(0, ok_dow, dow);
 }
 
+
+// The codes of a business-day schedule, each with its own number.
+Check& business_day_codes(Check& check, int32_t cpn_freq, int32_t occur, int32_t dow, int32_t hol_count,
+                          const int32_t* hols) {
+    uint32_t scratch = 0;
+    return check.expect(ok_cpn_freq(cpn_freq, &scratch) != 0, ORVEL_E_BD_SCHEDULE4)
+        .expect(occur >= 0 && occur <= 5, ORVEL_E_BD_SCHEDULE1)
+        .expect(dow >= 1 && dow <= 7, ORVEL_E_BD_SCHEDULE2)
+        .expect(ok_hol_table(hol_count, hols, &scratch) != 0, ORVEL_E_BD_SCHEDULE3);
+}
+
+// Maturity and settlement required, the dated date probed as optional and needed by a given first coupon.
+Check& odd_period_ends(Check& check, Date settle, Date mat, DateRef dated, Date first) {
+    orvel::required(check, ORVEL_ROLE_MATURITY, mat);
+    orvel::required(check, ORVEL_ROLE_SETTLE, settle);
+    orvel::optional(check, ORVEL_ROLE_DATED, dated.get());
+    return orvel::dated_for_first(check, dated, first);
+}
+
+// The order of the dates that are given: dated date not after settlement (2027) and before the first
+// coupon (2123), settlement before maturity (2171).
+Check& given_order(Check& check, Date settle, Date mat, Date dated, Date first, int32_t day_type) {
+    if (!orvel::is_blank(dated)) orvel::not_after(check, 27, dated, settle, day_type);
+    if (!orvel::is_blank(dated) && !orvel::is_blank(first)) orvel::before(check, 23, dated, first, day_type);
+    return orvel::before(check, 71, settle, mat, day_type);
+}
+
+// x moved by n months, and whether two dates are the same day.
+Date months_from(Date x, int32_t n, int32_t eom) {
+    incr_by_mths(n, &x.m, &x.d, &x.y, eom);
+    return x;
+}
+bool same_day(Date a, Date b) { return a.m == b.m && a.d == b.d && a.y == b.y; }
+
 }  // namespace
 
 ORVEL_EXPORT(int32_t) ok_cpn_sync(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t d2, int32_t y2, int32_t eom,
@@ -103,35 +137,24 @@ ORVEL_EXPORT(int32_t) ok_ofsl_dwm(int32_t sm, int32_t sd, int32_t sy, int32_t mm
                                   int32_t dow, int32_t hol_count, const int32_t* hols, uint32_t* err_code) {
     const Date settle{sm, sd, sy}, mat{mm, md, my};
     const DateRef dated{dm, dd, dy}, first{fm, fd, fy}, last{lm, ld, ly};
-    uint32_t scratch = 0;
     Check check(err_code);
-    check.call(0, ok_day_type, day_type)
-        .expect(ok_cpn_freq(cpn_freq, &scratch) != 0, ORVEL_E_BD_SCHEDULE4)
-        .expect(occur >= 0 && occur <= 5, ORVEL_E_BD_SCHEDULE1)
-        .expect(dow >= 1 && dow <= 7, ORVEL_E_BD_SCHEDULE2)
-        .expect(ok_hol_table(hol_count, hols, &scratch) != 0, ORVEL_E_BD_SCHEDULE3);
-    orvel::required(check, ORVEL_ROLE_MATURITY, mat);
-    orvel::required(check, ORVEL_ROLE_SETTLE, settle);
-    orvel::optional(check, ORVEL_ROLE_DATED, dated.get());
-    if (check && orvel::is_blank(dated.get()) && !orvel::is_blank(first.get())) {
-        dated.set({0, 0, 0});
-        check.expect(false, orvel::with_role(ORVEL_E_BLANK, ORVEL_ROLE_DATED));
-    }
+    check.call(0, ok_day_type, day_type);
+    business_day_codes(check, cpn_freq, occur, dow, hol_count, hols);
+    odd_period_ends(check, settle, mat, dated, first.get());
     orvel::required(check, ORVEL_ROLE_FIRST_CPN, first.get());
     orvel::optional(check, ORVEL_ROLE_LAST_CPN, last.get());
-    if (check && orvel::is_blank(last.get())) last.set(mat);
     if (!check) return 0;
+    if (orvel::is_blank(last.get())) last.set(mat);
     const Date f = first.get(), l = last.get();
-    const auto on_rule = [&](Date x) { return on_weekday_rule(x, occur, dow, hol_count, hols); };
-    if (!orvel::is_blank(dated.get())) orvel::not_after(check, 27, dated.get(), settle, day_type);
-    if (!orvel::is_blank(dated.get())) orvel::before(check, 23, dated.get(), f, day_type);
-    orvel::before(check, 71, settle, mat, day_type);
+    given_order(check, settle, mat, dated.get(), f, day_type);
     orvel::not_after(check, 61, l, mat, day_type);
-    // 22xy: the date of role x is off the cycle of the date of role y (4 standing for the weekday rule).
+    const auto on_rule = [&](Date x) { return on_weekday_rule(x, occur, dow, hol_count, hols); };
+    // First coupon off the rule or off maturity's months (2231), off the last coupon's months (2236);
+    // maturity (2241) or last coupon (2246) off the weekday rule.
     return check.expect(on_rule(f) && months_in_step(f.m, mat.m, cpn_freq), ORVEL_E_SYNC + 31)
         .expect(months_in_step(f.m, l.m, cpn_freq), ORVEL_E_SYNC + 36)
-        .expect(on_rule(mat), ORVEL_E_SYNC + 41)
-        .expect(on_rule(l), ORVEL_E_SYNC + 46)
+        .expect(on_rule(mat), ORVEL_E_DWM_MATURITY)
+        .expect(on_rule(l), ORVEL_E_DWM_LAST_CPN)
         .ok();
 }
 
@@ -144,34 +167,21 @@ ORVEL_EXPORT(int32_t) ok_ogpd_MDYs(int32_t sm, int32_t sd, int32_t sy, int32_t m
     const int32_t longest = 2 * months_per_period(cpn_freq);
     Check check(err_code);
     check.call(0, ok_cpn_freq, cpn_freq);
-    orvel::required(check, ORVEL_ROLE_MATURITY, mat);
-    orvel::required(check, ORVEL_ROLE_SETTLE, settle);
-    orvel::optional(check, ORVEL_ROLE_DATED, dated.get());
+    odd_period_ends(check, settle, mat, dated, first.get());
     orvel::optional(check, ORVEL_ROLE_FIRST_CPN, first.get());
     orvel::optional(check, ORVEL_ROLE_LAST_CPN, last.get());
-    if (check && orvel::is_blank(dated.get()) && !orvel::is_blank(first.get())) {
-        dated.set({0, 0, 0});
-        check.expect(false, orvel::with_role(ORVEL_E_BLANK, ORVEL_ROLE_DATED));
-    }
     check.expect(first_mths >= 0, ORVEL_E_ODD_PERIOD1)
         .expect(first_mths <= longest, ORVEL_E_ODD_PERIOD2)
         .expect(last_mths >= 0, ORVEL_E_ODD_PERIOD3)
         .expect(last_mths <= longest, ORVEL_E_ODD_PERIOD4);
     if (!check) return 0;
     // A given coupon date must sit where its period length puts it.
-    const auto months_from = [eom](Date x, int32_t n) {
-        incr_by_mths(n, &x.m, &x.d, &x.y, eom);
-        return x;
-    };
-    const auto same_day = [](Date a, Date b) { return a.m == b.m && a.d == b.d && a.y == b.y; };
     const Date f = first.get(), l = last.get(), dt = dated.get();
     if (!orvel::is_blank(dt) && !orvel::is_blank(f) && first_mths > 0)
-        check.expect(same_day(months_from(dt, first_mths), f), ORVEL_E_ODD_PERIOD5);
-    if (!orvel::is_blank(l) && last_mths > 0) check.expect(same_day(months_from(l, last_mths), mat), ORVEL_E_ODD_PERIOD6);
-    if (!orvel::is_blank(dt)) orvel::not_after(check, 27, dt, settle, 1);
-    if (!orvel::is_blank(dt) && !orvel::is_blank(f)) orvel::before(check, 23, dt, f, 1);
-    orvel::before(check, 71, settle, mat, 1);
-    if (!orvel::is_blank(f) && !orvel::is_blank(l))
-        check.expect(months_in_step(f.m, l.m, cpn_freq), ORVEL_E_ODD_SYNC);
+        check.expect(same_day(months_from(dt, first_mths, eom), f), ORVEL_E_ODD_PERIOD5);
+    if (!orvel::is_blank(l) && last_mths > 0)
+        check.expect(same_day(months_from(l, last_mths, eom), mat), ORVEL_E_ODD_PERIOD6);
+    given_order(check, settle, mat, dt, f, 1);
+    if (!orvel::is_blank(f) && !orvel::is_blank(l)) check.expect(months_in_step(f.m, l.m, cpn_freq), ORVEL_E_ODD_SYNC);
     return check.ok();
 }

@@ -49,8 +49,8 @@ bool first_coupon(uint32_t* err_code, BondGroup& g) {
     const Date dated = g.dated.get();
     if (orvel::is_blank(dated)) {
         if (orvel::is_blank(g.first.get())) return regular_defaults(g);
-        g.dated.set({0, 0, 0});
-        return orvel::fail(err_code, orvel::with_role(ORVEL_E_BLANK, ORVEL_ROLE_DATED));
+        Check check(err_code);
+        return orvel::dated_for_first(check, g.dated, g.first.get()).ok();
     }
     int32_t nper = 0, frac = 0;
     uint32_t scratch = 0;

@@ -46,6 +46,15 @@ inline Check& not_after(Check& c, uint32_t roles, Date a, Date b, int32_t day_ty
     return c.call(roles, is_MDYleMDY, a.m, a.d, a.y, b.m, b.d, b.y, day_type, 0);
 }
 
+// A first coupon date given without a dated date: 1502, and the dated date is zeroed.
+inline Check& dated_for_first(Check& check, DateRef dated, Date first) {
+    if (check && is_blank(dated.get()) && !is_blank(first)) {
+        dated.set({0, 0, 0});
+        check.expect(false, with_role(ORVEL_E_BLANK, ORVEL_ROLE_DATED));
+    }
+    return check;
+}
+
 inline Date periods_later(Date x, int32_t n, int32_t cpn_freq, int32_t eom) {
     incr_by_pers(n, cpn_freq, &x.m, &x.d, &x.y, eom);
     return x;

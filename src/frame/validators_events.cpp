@@ -91,7 +91,7 @@ ORVEL_EXPORT(int32_t) ok_er_in(int32_t tm, int32_t td, int32_t ty, int32_t em, i
     if (!ok_trade_MDY(tm, td, ty, mm, md, my, dm, dd, dy, err_code)) return 0;
     return Check(err_code)
         .expect(orvel::is_given(er) && !orvel::earlier(mat, er), ORVEL_E_ER_IN)
-        .expect(!orvel::is_given(dated) || !orvel::earlier(er, dated), orvel::with_role(ORVEL_E_ER_IN, ORVEL_ROLE_DATED))
+        .expect(!orvel::is_given(dated) || !orvel::earlier(er, dated), ORVEL_E_ER_DATED)
         .ok();
 }
 
@@ -149,7 +149,7 @@ ORVEL_EXPORT(int32_t) ok_flt_in(int32_t index_type, int32_t given_type, double g
     check.expect(index_type == 1 || index_type == 2, ORVEL_E_FLT_CODE)
         .expect(given_type == 1 || given_type == 2, ORVEL_E_SELECTOR)
         .call(0, ok_given, given, given_type)
-        .expect(orvel::within(margin, -3000.0, 3000.0), ORVEL_E_CPN_RATE + 30);
+        .expect(orvel::within(margin, -3000.0, 3000.0), ORVEL_E_FLT_MARGIN);
     reference_date(check, settle);
     orvel::required(check, ORVEL_ROLE_MATURITY, mat);
     orvel::optional(check, ORVEL_ROLE_DATED, dated);
@@ -179,7 +179,7 @@ ORVEL_EXPORT(int32_t) ok_sf_in(int32_t sm, int32_t sd, int32_t sy, int32_t mm, i
         const Date at{months[i], days[i], years[i]};
         check.call(0, ok_sf_amt, amounts[i])
             .expect(i == 0 || orvel::earlier({months[i - 1], days[i - 1], years[i - 1]}, at), ORVEL_E_SF_IN)
-            .expect(!orvel::earlier(mat, at), orvel::with_role(ORVEL_E_SF_IN, ORVEL_ROLE_MATURITY));
+            .expect(!orvel::earlier(mat, at), ORVEL_E_SF_AFTER_MAT);
         total += amounts[i];
     }
     return check.expect(total <= 100.0, ORVEL_E_SF_IN).ok();

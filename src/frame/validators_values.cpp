@@ -103,7 +103,7 @@ ORVEL_EXPORT(int32_t) ok_given(double value, int32_t given_type, uint32_t* err_c
 // Code 2 is a price; code 31 a spread, any finite number.
 ORVEL_EXPORT(int32_t) ok_given_ps(double value, int32_t given_type, uint32_t* err_code) {
     if (given_type == 2) return Check(err_code).expect(is_price(value), ORVEL_E_GIVEN_BASE + 2).ok();
-    if (given_type == 31) return Check(err_code).expect(orvel::finite(value), ORVEL_E_GIVEN_BASE + 31).ok();
+    if (given_type == 31) return Check(err_code).expect(orvel::finite(value), ORVEL_E_GIVEN_SPREAD).ok();
     return orvel::fail(err_code, ORVEL_E_GIVEN_PS);
 }
 

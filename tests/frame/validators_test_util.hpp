@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "orvel/frame.h"
+
 namespace orvel_test {
 
 using Call = std::function<int32_t(uint32_t*)>;
@@ -33,6 +35,9 @@ inline void expect_rows(const std::vector<Row>& rows) {
         } else {
             EXPECT_EQ(result, 0);
             EXPECT_EQ(err, row.expected);
+            char text[128];
+            err_2_text(static_cast<int32_t>(row.expected), text, sizeof text);
+            EXPECT_EQ(std::string(text).rfind("unknown", 0), std::string::npos) << "no meaning for " << row.expected;
         }
     }
 }
