@@ -82,7 +82,8 @@ double odd_first_accrual(const Mdy& settle, const Mdy& mat, const Mdy& dated, co
     out->nxt_frac = s.dr / s.dp + s.nper - c;
     int32_t nper_to_mat = 0, frac_to_mat = 0;
     num_per(settle.m, settle.d, settle.y, mat.m, mat.d, mat.y, cpn_freq, &nper_to_mat, &frac_to_mat, 0, &scratch);
-    out->n_after = nper_to_mat - whole(s.nper);
+    // in 64 bits: garbage dates may give counts whose difference leaves int32
+    out->n_after = whole(static_cast<double>(int64_t{nper_to_mat} - whole(s.nper)));
     return ai;
 }
 
