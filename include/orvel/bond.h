@@ -123,7 +123,7 @@ ORVEL_EXPORT(double) bond_ai(int32_t settle_m, int32_t settle_d, int32_t settle_
  * 365-day basis (day_type 8, 9, 12, 13) gives -(days from settlement to N) x cpn_rate / 365, any other the
  * accrued interest less the whole next coupon. ex_type 0 is plain bond_ai. Outputs as bond_ai.
  * Validation (validate != 0): for ex_type != 0 the ex-dividend date against the bond (+9, 2191, 1609), for
- * ex_type 2 the trade date (+4, 2041, 2024); then bond_ai's. Error 960 for ex_type not 0, 1 or 2.
+ * ex_type 2 the trade date (+4, 2141, 2024); then bond_ai's. Error 960 for ex_type not 0, 1 or 2.
  * Returns the accrued interest, negative ex-dividend; 0.0 on failure. */
 ORVEL_EXPORT(double) bond_ex_ai(int32_t trade_m, int32_t trade_d, int32_t trade_y, int32_t settle_m, int32_t settle_d,
                                 int32_t settle_y, int32_t exdiv_m, int32_t exdiv_d, int32_t exdiv_y, int32_t ex_type,
@@ -135,7 +135,7 @@ ORVEL_EXPORT(double) bond_ex_ai(int32_t trade_m, int32_t trade_d, int32_t trade_
 /* Accrued interest at settlement as seen from the trade date: bond_ai, plus the coupon of the trade date's
  * period when a coupon date falls after the trade date and on or before settlement (the buyer owes the
  * coupon the seller no longer receives). Outputs as bond_ai at settlement.
- * Validation (validate != 0): the trade date (+4, 2041, 2024), then bond_ai's.
+ * Validation (validate != 0): the trade date (+4, 2141, 2024), then bond_ai's.
  * Returns the accrued interest per 100; 0.0 on failure. */
 ORVEL_EXPORT(double) bond_td_ai(int32_t trade_m, int32_t trade_d, int32_t trade_y, int32_t settle_m, int32_t settle_d,
                                 int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m,

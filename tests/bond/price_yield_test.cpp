@@ -215,3 +215,67 @@ TEST(CashFlows, HoldingAmountsAreThePer100FlowsScaled) {
 }
 
 }  // namespace
+
+namespace {
+
+// One bad argument a call, in the order the date-driven members check them; the failing call writes
+// nothing but err_code.
+TEST(DateMemberValidation, FirstBadArgumentNamesItself) {
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    struct Row {
+        const char* what;
+        int32_t day_type, freq, calc_type, sm;
+        double given, cpn, red, tax1, tax2;
+        uint32_t expected;
+    };
+    const Row rows[] = {
+        {"day count", 0, 2, 1, 4, 6.5, 8, 100, 0, 0, 500},
+        {"day count missing", -1, 2, 1, 4, 6.5, 8, 100, 0, 0, 501},
+        {"frequency", 2, 5, 1, 4, 6.5, 8, 100, 0, 0, 600},
+        {"selector", 2, 2, 4, 4, 6.5, 8, 100, 0, 0, 200},
+        {"zero yield", 2, 2, 1, 4, 0.0, 8, 100, 0, 0, 4001},
+        {"price above 10000", 2, 2, 2, 4, 10000.5, 8, 100, 0, 0, 4002},
+        {"coupon", 2, 2, 1, 4, 6.5, nan, 100, 0, 0, 4100},
+        {"settlement month", 2, 2, 1, 13, 6.5, 8, 100, 0, 0, 1207},
+        {"redemption", 2, 2, 1, 4, 6.5, 8, 0.0, 0, 0, 4200},
+        {"first tax", 2, 2, 1, 4, 6.5, 8, 100, 100.5, 0, 4301},
+        {"second tax", 2, 2, 1, 4, 6.5, 8, 100, 0, nan, 4302},
+    };
+    for (const Row& r : rows) {
+        SCOPED_TRACE(r.what);
+        double result = -1, ai = -1;
+        uint32_t err = 0;
+        bond_py_ai(1, r.day_type, 0, r.freq, r.calc_type, r.given, r.cpn, r.sm, 15, 2020, 7, 1, 2025, 0, 0, 0, 0, 0, 0,
+                   r.red, r.tax1, r.tax2, &result, &ai, 1, &err);
+        EXPECT_EQ(err, r.expected);
+        EXPECT_EQ(result, -1.0);
+        EXPECT_EQ(ai, -1.0);
+    }
+}
+
+TEST(DateMemberValidation, RiskAndFlowArguments) {
+    double mac = -1, mod = -1;
+    uint32_t err = 0;
+    bond_dur(0.0, 0.0, 8, 100, 2, 0, 2, 4, 15, 2020, 7, 1, 2025, 0, 0, 0, 0, 0, 0, &mac, &mod, 1, &err);
+    EXPECT_EQ(err, 4001u);
+    err = 0;
+    bond_dur(-3.0, 6.5, 8, 100, 2, 0, 2, 4, 15, 2020, 7, 1, 2025, 0, 0, 0, 0, 0, 0, &mac, &mod, 1, &err);
+    EXPECT_EQ(err, 4002u);
+    err = 0;
+    bond_dur(0.0, 6.5, 8, 100, 2, 0, 2, 7, 15, 2025, 7, 1, 2025, 0, 0, 0, 0, 0, 0, &mac, &mod, 1, &err);
+    EXPECT_EQ(err, 2171u);
+    EXPECT_EQ(mac, -1.0);
+    err = 0;
+    // A negative face amount.
+    EXPECT_EQ(bond_fpi(2, 0, 2, 8.0, 11, 1, 2019, 7, 1, 2025, 3, 1, 2019, 1, 1, 2020, -1.0, 1, &err), 0.0);
+    EXPECT_EQ(err, 14100u);
+    err = 0;
+    double nxt, cpn;
+    int32_t n;
+    // An ex-dividend date after maturity.
+    bond_ex_ai(6, 20, 2020, 6, 25, 2020, 8, 1, 2025, 1, 7, 1, 2025, 0, 0, 0, 0, 0, 0, 8.0, 1, 0, 2, &nxt, &cpn, &n, 1,
+               &err);
+    EXPECT_EQ(err, 2191u);
+}
+
+}  // namespace
