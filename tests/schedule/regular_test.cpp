@@ -140,18 +140,6 @@ TEST(DaySplit, EachFamily) {
     }
 }
 
-TEST(DaySplit, ThirtyThreeSixtyPeriodFollowsTheFrequency) {
-    for (int32_t freq : {1, 2, 4, 12}) {
-        for (int32_t day_type : {2, 3, 4, 5, 7, 10, 11}) {
-            SCOPED_TRACE(testing::Message() << "freq " << freq << " type " << day_type);
-            int32_t da, dp, dr;
-            uint32_t err = 0;
-            per2dp_da_dr(1, 31, 2025, 2, 28, 2025, 2, 10, 2025, day_type, freq, &da, &dp, &dr, 0, &err);
-            EXPECT_EQ(dp, 360 / freq);
-        }
-    }
-}
-
 // Every settlement day of the last three years of each schedule against a scan of the written-out dates.
 TEST(RegularSchedule, EverySettlementAgreesWithTheWrittenOutSchedule) {
     const D maturities[] = {{8, 31, 2030}, {2, 28, 2031}, {2, 29, 2032}, {5, 15, 2027},
