@@ -163,6 +163,8 @@ TEST(RegularSchedule, EverySettlementAgreesWithTheWrittenOutSchedule) {
                     const Info act = reg_info(settle, mat, 1, eom, freq);
                     ASSERT_EQ(act.nper, on_coupon ? want.after : want.after - 1);
                     ASSERT_EQ(act.frac, on_coupon ? 0 : 1);
+                    uint32_t unused = 0;
+                    ASSERT_EQ(act.dp, days_b_MDYs(pcd.m, pcd.d, pcd.y, ncd.m, ncd.d, ncd.y, 1, 0, &unused));
                     ASSERT_EQ(act.da + act.dr, act.dp);
                     ASSERT_EQ(act.da == 0, on_coupon);
                     for (int32_t day_type = 2; day_type <= 13; ++day_type) {
@@ -177,7 +179,8 @@ TEST(RegularSchedule, EverySettlementAgreesWithTheWrittenOutSchedule) {
                             ASSERT_EQ(i.frac, i.da == 0 ? 0 : 1);
                             break;
                         case 6: case 8: case 9: case 12:
-                            ASSERT_EQ(i.da + i.dr, i.dp);  // these counts add up over a split
+                            ASSERT_EQ(i.dp, days_b_MDYs(pcd.m, pcd.d, pcd.y, ncd.m, ncd.d, ncd.y, day_type, 0, &err));
+                            ASSERT_EQ(i.da + i.dr, i.dp);
                             ASSERT_EQ(i.frac, i.da == 0 ? 0 : 1);
                             break;
                         case 4:
