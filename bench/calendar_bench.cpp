@@ -3,6 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include <array>
+#include <chrono>
 #include <cstdint>
 
 #include "calendar/day_count.hpp"
@@ -42,6 +43,19 @@ void inline_kernel_by_type(benchmark::State& state) {
     }
 }
 BENCHMARK(inline_kernel_by_type)->DenseRange(1, 13, 1);
+
+// The same actual count through the standard library's civil calendar, as an outside yardstick.
+void chrono_actual_days(benchmark::State& state) {
+    namespace chr = std::chrono;
+    size_t i = 0;
+    for (auto _ : state) {
+        const Pair& p = pairs[i++ & 7];
+        const chr::sys_days a{chr::year{p.y1} / static_cast<unsigned>(p.m1) / static_cast<unsigned>(p.d1)};
+        const chr::sys_days b{chr::year{p.y2} / static_cast<unsigned>(p.m2) / static_cast<unsigned>(p.d2)};
+        benchmark::DoNotOptimize((b - a).count());
+    }
+}
+BENCHMARK(chrono_actual_days);
 
 void julian_round_trip(benchmark::State& state) {
     int32_t j = 2451545, m = 0, d = 0, y = 0;

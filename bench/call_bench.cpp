@@ -16,6 +16,19 @@ const std::vector<ck::Sample>& samples() {
     return all;
 }
 
+// Every sample that parses, prepared (and invoked once when `invoked`).
+std::vector<ck::PreparedCall> prepared_samples(bool invoked) {
+    std::vector<ck::PreparedCall> calls;
+    std::string error;
+    for (const ck::Sample& s : samples()) {
+        ck::PreparedCall call;
+        if (!ck::parse_line(s.text, call, error)) continue;
+        if (invoked) call.invoke();
+        calls.push_back(std::move(call));
+    }
+    return calls;
+}
+
 void BM_ParseAllSamples(benchmark::State& state) {
     std::string error;
     for (auto _ : state) {
@@ -29,12 +42,7 @@ void BM_ParseAllSamples(benchmark::State& state) {
 BENCHMARK(BM_ParseAllSamples);
 
 void BM_InvokeAllSamples(benchmark::State& state) {
-    std::vector<ck::PreparedCall> calls;
-    std::string error;
-    for (const ck::Sample& s : samples()) {
-        ck::PreparedCall call;
-        if (ck::parse_line(s.text, call, error)) calls.push_back(std::move(call));
-    }
+    std::vector<ck::PreparedCall> calls = prepared_samples(false);
     for (auto _ : state) {
         for (ck::PreparedCall& c : calls) {
             c.invoke();
@@ -46,15 +54,7 @@ void BM_InvokeAllSamples(benchmark::State& state) {
 BENCHMARK(BM_InvokeAllSamples);
 
 void BM_FormatCsvAllSamples(benchmark::State& state) {
-    std::vector<ck::PreparedCall> calls;
-    std::string error;
-    for (const ck::Sample& s : samples()) {
-        ck::PreparedCall call;
-        if (ck::parse_line(s.text, call, error)) {
-            call.invoke();
-            calls.push_back(std::move(call));
-        }
-    }
+    const std::vector<ck::PreparedCall> calls = prepared_samples(true);
     for (auto _ : state)
         for (const ck::PreparedCall& c : calls) benchmark::DoNotOptimize(c.csv());
     state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(calls.size()));

@@ -399,7 +399,8 @@ ORVEL_EXPORT(int32_t) ok_uspm_type(int32_t uspm_type, int32_t day_type, int32_t 
  *   6. Dated date not after settlement (2027), before the first coupon (2123); settlement before maturity
  *      (2171).
  *   7. First coupon and maturity on one coupon cycle (ok_cpn_sync, with eom only when maturity is a month
- *      end): else 2231.
+ *      end): else 2231. This holds for defaults too: without eom a maturity on the 31st whose period steps
+ *      land on a 30th (3/31 semi-annual: first coupon 9/30/1804) fails here; pass eom = 1 for such bonds.
  *   8. When step 4 or 5 supplied a default, err_code is written 0 (over the 1500 of the blank probe).
  * Defaults are written back through the pointers even when a later step fails. */
 

@@ -115,6 +115,26 @@ ORVEL_EXPORT(double) d_qlb2dpdadr(int32_t settle_m, int32_t settle_d, int32_t se
  * coupon date (on maturity when there is none). A first period may be short or long: before the first
  * coupon the previous coupon date is the dated date, however far back it lies. */
 
+/* Previous coupon date of settle in a schedule with odd first and last periods.
+ *   settle, mat, dated, first_cpn, last_cpn   five dates (blank dates as ok_mtrm_MDYs allows and fills)
+ *   day_type, eom, cpn_freq                   conventions; pcd out date
+ * The date group is checked by ok_mtrm_MDYs on every call, whatever validate says (validate is not read);
+ * its defaults for blank dates apply to this call only. Errors: those of ok_mtrm_MDYs (date errors with
+ * roles 1, 7, 2, 3, 6; 1502, 1503; 2027, 2123, 2171, 2061 ...). On failure nothing is written. */
+ORVEL_EXPORT(void) per_pcd(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                           int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_m,
+                           int32_t first_d, int32_t first_y, int32_t last_m, int32_t last_d, int32_t last_y,
+                           int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t* pcd_m, int32_t* pcd_d,
+                           int32_t* pcd_y, int32_t validate, uint32_t* err_code);
+
+/* Next coupon date of settle in a schedule with odd first and last periods: the same arguments, checks and
+ * errors as per_pcd, with ncd as the out date. */
+ORVEL_EXPORT(void) per_ncd(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                           int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_m,
+                           int32_t first_d, int32_t first_y, int32_t last_m, int32_t last_d, int32_t last_y,
+                           int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t* ncd_m, int32_t* ncd_d,
+                           int32_t* ncd_y, int32_t validate, uint32_t* err_code);
+
 /* Previous and next coupon dates of `date` in a schedule whose odd periods are optional: per_pcd and
  * per_ncd in one call, for callers that already hold checked dates (the ex-dividend and trade-date rules
  * of the bond engine).

@@ -18,6 +18,9 @@ struct Reduced {
     int32_t n_after = 0;    // whole periods after the next coupon
 };
 
+// A per-100 amount in the money of a holding of face_k thousand.
+inline double holding(double per_100, double face_k) { return per_100 * face_k * 10.0; }
+
 // A face amount in thousands: zero or more, and finite.
 inline bool valid_face(double face_k) { return face_k >= 0.0 && face_k <= 1.7976931348623157e308; }
 

@@ -28,8 +28,21 @@ Coupons coupons_around(const Mdy& date, const Mdy& mat, Mdy dated, Mdy first_cpn
     return c;
 }
 
-// Per 100 of face to the money of a holding of face_k thousand.
-double holding(double per_100, double face_k) { return per_100 * face_k * 10.0; }
+// A bond seen from any date: bond_ai there, giving the accrued interest and the next coupon.
+struct BondTerms {
+    Mdy mat, dated, first_cpn;
+    double cpn_rate;
+    int32_t day_type, eom, cpn_freq;
+
+    double accrued_at(const Mdy& at, int32_t validate, double* cpn_amt, uint32_t* err) const {
+        double nxt_frac = 0.0;
+        int32_t n_after = 0;
+        return bond_ai(at.m, at.d, at.y, mat.m, mat.d, mat.y, dated.m, dated.d, dated.y, first_cpn.m, first_cpn.d,
+                       first_cpn.y, cpn_rate, day_type, eom, cpn_freq, &nxt_frac, cpn_amt, &n_after, validate, err);
+    }
+};
+
+using orvel::bond::holding;
 
 constexpr double one_365th = 0.0027397260273972603;
 
@@ -70,7 +83,7 @@ ORVEL_EXPORT(double) bond_ex_ai(int32_t trade_m, int32_t trade_d, int32_t trade_
     // 365-day year where the basis has one, else as the accrued interest less the whole coupon.
     uint32_t scratch = 0;
     if (is_dt_dn_365(day_type, 0, &scratch) != 0)
-        return -orvel::bond::days_between(settle, around.next, day_type) * cpn_rate * one_365th;
+        return -static_cast<double>(orvel::bond::days_between(settle, around.next, day_type)) * cpn_rate * one_365th;
     return ai - *cpn_amt;
 }
 
@@ -80,11 +93,11 @@ ORVEL_EXPORT(double) bond_fpi(int32_t day_type, int32_t eom, int32_t cpn_freq, d
                               int32_t first_cpn_d, int32_t first_cpn_y, double face_k, int32_t validate,
                               uint32_t* err_code) {
     if (validate != 0 && !orvel::bond::valid_face(face_k)) return orvel::bond::fail_price(err_code, ORVEL_E_FACE);
-    double nxt_frac = 0.0, cpn_amt = 0.0;
-    int32_t n_after = 0;
+    const BondTerms bond{{mat_m, mat_d, mat_y}, {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y},
+                         cpn_rate, day_type, eom, cpn_freq};
+    double cpn_amt = 0.0;
     uint32_t err = 0;
-    bond_ai(settle_m, settle_d, settle_y, mat_m, mat_d, mat_y, dated_m, dated_d, dated_y, first_cpn_m, first_cpn_d,
-            first_cpn_y, cpn_rate, day_type, eom, cpn_freq, &nxt_frac, &cpn_amt, &n_after, validate, &err);
+    bond.accrued_at(Mdy{settle_m, settle_d, settle_y}, validate, &cpn_amt, &err);
     if (err != 0) return orvel::bond::fail_price(err_code, err);
     return holding(cpn_amt, face_k);
 }
@@ -120,17 +133,14 @@ ORVEL_EXPORT(double) bond_1di(int32_t day_type, int32_t eom, int32_t cpn_freq, d
                               uint32_t* err_code) {
     if (validate != 0 && !orvel::bond::valid_face(face_k)) return orvel::bond::fail_price(err_code, ORVEL_E_FACE);
     if (dated_m != 0 && settle_m == dated_m && settle_d == dated_d && settle_y == dated_y) return 0.0;
-    double nxt_frac = 0.0, cpn_amt = 0.0;
-    int32_t n_after = 0;
+    const BondTerms bond{{mat_m, mat_d, mat_y}, {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y},
+                         cpn_rate, day_type, eom, cpn_freq};
+    const Mdy settle{settle_m, settle_d, settle_y};
+    double cpn_amt = 0.0;
     uint32_t err = 0;
-    const double today = bond_ai(settle_m, settle_d, settle_y, mat_m, mat_d, mat_y, dated_m, dated_d, dated_y,
-                                 first_cpn_m, first_cpn_d, first_cpn_y, cpn_rate, day_type, eom, cpn_freq, &nxt_frac,
-                                 &cpn_amt, &n_after, validate, &err);
+    const double today = bond.accrued_at(settle, validate, &cpn_amt, &err);
     if (err != 0) return orvel::bond::fail_price(err_code, err);
-    const Mdy before = orvel::bond::step_days(Mdy{settle_m, settle_d, settle_y}, -1);
-    const double yesterday = bond_ai(before.m, before.d, before.y, mat_m, mat_d, mat_y, dated_m, dated_d, dated_y,
-                                     first_cpn_m, first_cpn_d, first_cpn_y, cpn_rate, day_type, eom, cpn_freq,
-                                     &nxt_frac, &cpn_amt, &n_after, 0, &err);
+    const double yesterday = bond.accrued_at(orvel::bond::step_days(settle, -1), 0, &cpn_amt, &err);
     if (err != 0) return orvel::bond::fail_price(err_code, err);
     double day = today - yesterday;
     if (day < 0.0) day = cpn_amt - yesterday;  // a coupon paid on settlement restarted the accrual
@@ -143,15 +153,14 @@ ORVEL_EXPORT(double) bond_pip(int32_t day_type, int32_t eom, int32_t cpn_freq, d
                               int32_t first_cpn_d, int32_t first_cpn_y, double face_k, int32_t validate,
                               uint32_t* err_code) {
     if (validate != 0 && !orvel::bond::valid_face(face_k)) return orvel::bond::fail_price(err_code, ORVEL_E_FACE);
+    const BondTerms bond{{mat_m, mat_d, mat_y}, {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y},
+                         cpn_rate, day_type, eom, cpn_freq};
     Mdy settle{settle_m, settle_d, settle_y};
-    const Mdy mat{mat_m, mat_d, mat_y};
     // At maturity the period is the last one: look at it from inside.
-    if (orvel::bond::days_between(settle, mat, day_type) == 0) settle = orvel::bond::step_days(settle, -2);
-    double nxt_frac = 0.0, cpn_amt = 0.0;
-    int32_t n_after = 0;
+    if (orvel::bond::days_between(settle, bond.mat, day_type) == 0) settle = orvel::bond::step_days(settle, -2);
+    double cpn_amt = 0.0;
     uint32_t err = 0;
-    bond_ai(settle.m, settle.d, settle.y, mat_m, mat_d, mat_y, dated_m, dated_d, dated_y, first_cpn_m, first_cpn_d,
-            first_cpn_y, cpn_rate, day_type, eom, cpn_freq, &nxt_frac, &cpn_amt, &n_after, validate, &err);
+    bond.accrued_at(settle, validate, &cpn_amt, &err);
     if (err != 0) return orvel::bond::fail_price(err_code, err);
     uint32_t scratch = 0;
     const bool on_coupon_date = ok_cpn_sync(settle.m, settle.d, settle.y, mat_m, mat_d, mat_y, eom, cpn_freq, 0,
@@ -159,9 +168,7 @@ ORVEL_EXPORT(double) bond_pip(int32_t day_type, int32_t eom, int32_t cpn_freq, d
     const bool is_dated = settle.m == dated_m && settle.d == dated_d && settle.y == dated_y;
     if (on_coupon_date && !is_dated) {
         // Report the coupon paid on settlement, i.e. the one of the period that ends there.
-        const Mdy before = orvel::bond::step_days(settle, -1);
-        bond_ai(before.m, before.d, before.y, mat_m, mat_d, mat_y, dated_m, dated_d, dated_y, first_cpn_m, first_cpn_d,
-                first_cpn_y, cpn_rate, day_type, eom, cpn_freq, &nxt_frac, &cpn_amt, &n_after, 0, &err);
+        bond.accrued_at(orvel::bond::step_days(settle, -1), 0, &cpn_amt, &err);
         if (err != 0) return orvel::bond::fail_price(err_code, err);
     }
     return holding(cpn_amt, face_k);

@@ -65,14 +65,29 @@ bool fits(int32_t n, int32_t capacity, int32_t* count, uint32_t* err_code) {
     return n <= capacity || orvel::fail(err_code, ORVEL_E_CAPACITY);
 }
 
-void write_date(const Mdy& d, int32_t k, int32_t* cf_m, int32_t* cf_d, int32_t* cf_y) {
-    cf_m[k] = d.m;
-    cf_d[k] = d.d;
-    cf_y[k] = d.y;
+// Reduces the bond, lists its flows when they fit in capacity: the dates into cf_m, cf_d, cf_y and the
+// amounts through amounts(k, flow). Returns the number of flows, or -1 with the error written.
+template <class Amounts>
+int32_t list_flows(const Mdy& settle, const Mdy& mat, const Mdy& dated, const Mdy& first_cpn, double cpn_rate,
+                   int32_t day_type, int32_t eom, int32_t cpn_freq, double redemptn, int32_t capacity, int32_t* cf_m,
+                   int32_t* cf_d, int32_t* cf_y, int32_t* count, double* accrued, uint32_t* err_code,
+                   Amounts amounts) {
+    Reduced r;
+    *accrued = orvel::bond::reduce(settle, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, &r);
+    const Flows flows(settle, mat, dated, first_cpn, r, cpn_rate, redemptn, cpn_freq, eom);
+    const int32_t n = flows.count();
+    if (!fits(n, capacity, count, err_code)) return -1;
+    for (int32_t k = 0; k < n; ++k) {
+        const Flow f = flows.at(k);
+        cf_m[k] = f.date.m;
+        cf_d[k] = f.date.d;
+        cf_y[k] = f.date.y;
+        amounts(k, f);
+    }
+    return n;
 }
 
-// A face amount in thousands scales a per-100 amount into money.
-double holding(double per_100, double face_k) { return per_100 * face_k * 10.0; }
+using orvel::bond::holding;
 
 bool valid_bond(double cpn_rate, int32_t day_type, int32_t eom, int32_t cpn_freq, const Mdy& settle, const Mdy& mat,
                 Mdy dated, Mdy first_cpn, double redemptn, double face_k, uint32_t* err_code) {
@@ -101,17 +116,13 @@ ORVEL_EXPORT(int32_t) bond_flows(int32_t day_type, int32_t eom, int32_t cpn_freq
     if (validate != 0 &&
         !valid_bond(cpn_rate, day_type, eom, cpn_freq, settle, mat, dated, first_cpn, redemptn, 0.0, err_code))
         return 0;
-    Reduced r;
-    const double accrued = orvel::bond::reduce(settle, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, &r);
-    const Flows flows(settle, mat, dated, first_cpn, r, cpn_rate, redemptn, cpn_freq, eom);
-    const int32_t n = flows.count();
-    if (!fits(n, capacity, count, err_code)) return 0;
-    for (int32_t k = 0; k < n; ++k) {
-        const Flow f = flows.at(k);
-        write_date(f.date, k, cf_m, cf_d, cf_y);
-        amts[k] = f.coupon + f.principal;
-        times[k] = f.time;
-    }
+    double accrued = 0.0;
+    const int32_t n = list_flows(settle, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, redemptn, capacity,
+                                 cf_m, cf_d, cf_y, count, &accrued, err_code, [&](int32_t k, const Flow& f) {
+                                     amts[k] = f.coupon + f.principal;
+                                     times[k] = f.time;
+                                 });
+    if (n < 0) return 0;
     *ai = accrued;
     return n;
 }
@@ -127,16 +138,12 @@ ORVEL_EXPORT(int32_t) bond_cfs(int32_t day_type, int32_t eom, int32_t cpn_freq, 
     if (validate != 0 &&
         !valid_bond(cpn_rate, day_type, eom, cpn_freq, settle, mat, dated, first_cpn, redemptn, face_k, err_code))
         return 0;
-    Reduced r;
-    const double accrued = orvel::bond::reduce(settle, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, &r);
-    const Flows flows(settle, mat, dated, first_cpn, r, cpn_rate, redemptn, cpn_freq, eom);
-    const int32_t n = flows.count();
-    if (!fits(n, capacity, count, err_code)) return 0;
-    for (int32_t k = 0; k < n; ++k) {
-        const Flow f = flows.at(k);
-        write_date(f.date, k, cf_m, cf_d, cf_y);
-        amts[k] = holding(f.coupon + f.principal, face_k);
-    }
+    double accrued = 0.0;
+    const int32_t n = list_flows(settle, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, redemptn, capacity,
+                                 cf_m, cf_d, cf_y, count, &accrued, err_code, [&](int32_t k, const Flow& f) {
+                                     amts[k] = holding(f.coupon + f.principal, face_k);
+                                 });
+    if (n < 0) return 0;
     *ai = holding(accrued, face_k);
     return n;
 }
@@ -159,16 +166,11 @@ ORVEL_EXPORT(int32_t) bond_ifs_pfs(int32_t method, int32_t day_type, int32_t eom
         return 0;
     const double face = face_k == 0.0 ? 1.0 : face_k;
     if (orvel::bond::ignores_odd_first(method)) orvel::bond::regular_dates(mat, &dated, &first_cpn, cpn_freq, eom);
-    Reduced r;
-    orvel::bond::reduce(settle, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, &r);
-    const Flows flows(settle, mat, dated, first_cpn, r, cpn_rate, 100.0, cpn_freq, eom);
-    const int32_t n = flows.count();
-    if (!fits(n, capacity, count, err_code)) return 0;
-    for (int32_t k = 0; k < n; ++k) {
-        const Flow f = flows.at(k);
-        write_date(f.date, k, cf_m, cf_d, cf_y);
-        int_flows[k] = holding(f.coupon, face);
-        prin_flows[k] = holding(f.principal, face);
-    }
-    return n;
+    double accrued = 0.0;
+    const int32_t n = list_flows(settle, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, 100.0, capacity,
+                                 cf_m, cf_d, cf_y, count, &accrued, err_code, [&](int32_t k, const Flow& f) {
+                                     int_flows[k] = holding(f.coupon, face);
+                                     prin_flows[k] = holding(f.principal, face);
+                                 });
+    return n < 0 ? 0 : n;
 }

@@ -57,7 +57,9 @@ bool on_weekday_rule(Date x, int32_t occur, int32_t dow, int32_t hol_count, cons
     const int32_t day = weekday_of_month(x.m, x.y, occur, dow);
     if (day == 0) return false;
     int32_t j = MDY_2_julian(x.m, day, x.y);
-    for (int32_t guard = 0; guard <= hol_count + 2 && (j % 7 + 1 > 5 || is_holiday(j, hol_count, hols)); ++guard) ++j;
+    // A run of h weekday holidays with the weekends inside it spans fewer than 2h + 3 days.
+    for (int32_t guard = 0; guard <= 2 * hol_count + 3 && (j % 7 + 1 > 5 || is_holiday(j, hol_count, hols)); ++guard)
+        ++j;
     return j == MDY_2_julian(x.m, x.d, x.y);
 }
 

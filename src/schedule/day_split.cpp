@@ -25,8 +25,12 @@ DaySplit split_period(Date pcd, Date ncd, Date settle, int32_t day_type, int32_t
         return {da, fixed_period, count_days(settle, ncd, day_type)};
     case 13:
         return {da, count_days(pcd, ncd, 9), count_days(settle, ncd, 9)};
-    default:  // 1, 6, 8, 9, 12 and any unknown code (counted as actual days)
-        return {da, count_days(pcd, ncd, day_type), count_days(settle, ncd, day_type)};
+    default: {  // 1, 6, 8, 9, 12 and any unknown code (counted as actual days)
+        // These counts add up over a split (each date's adjustment depends on that date alone), so the
+        // period is the days accrued plus the days remaining: one count fewer on the engine's hot path.
+        const int32_t dr = count_days(settle, ncd, day_type);
+        return {da, static_cast<int32_t>(int64_t{da} + dr), dr};
+    }
     }
 }
 

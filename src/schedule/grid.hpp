@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "calendar/civil.hpp"
+#include "frame/validators.hpp"
 
 namespace orvel::schedule {
 
@@ -63,7 +64,7 @@ constexpr Bracket locate(Date settle, Date anchor, int32_t cpn_freq, int32_t eom
 }
 
 // A blank optional date: 0/0/0, 0/0/1900 or 0/0/2000.
-constexpr bool blank(Date x) { return x.m == 0 && x.d == 0 && (x.y == 0 || x.y == 1900 || x.y == 2000); }
+inline bool blank(Date x) { return is_blank_date(x.m, x.d, x.y); }
 
 // A period count narrowed to int32 (a count beyond it only arises from years far outside any calendar).
 constexpr int32_t saturate(int64_t v) {

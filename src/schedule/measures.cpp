@@ -68,7 +68,7 @@ ORVEL_EXPORT(double) i_earn_MDYs(int32_t d1_m, int32_t d1_d, int32_t d1_y, int32
     if (validate && !orvel::Check(err_code)
                          .call(0, ok_day_type, day_type)
                          .call(0, ok_cpn_freq, cpn_freq)
-                         .expect(orvel::within(cpn_rate, 0.0, 3000.0), ORVEL_E_CPN_RATE)
+                         .call(0, ok_cpn_rate, cpn_rate)
                          .call(ORVEL_ROLE_SETTLE, ok_MDY, d1.m, d1.d, d1.y, 1)
                          .call(ORVEL_ROLE_CHECKED, ok_MDY, d2.m, d2.d, d2.y, 1)
                          .call(ORVEL_ROLE_MATURITY, ok_MDY, mat.m, mat.d, mat.y, 1)

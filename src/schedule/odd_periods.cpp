@@ -41,6 +41,13 @@ Bracket period_of(Date settle, const OddSchedule& s) {
     return orvel::schedule::locate(settle, s.last_cpn, s.cpn_freq, s.eom);
 }
 
+// The multi-rate date group, run on copies: its defaults for blank dates apply to this call only.
+bool checked_schedule(Date settle, OddSchedule& s, int32_t day_type, uint32_t* err_code) {
+    return ok_mtrm_MDYs(settle.m, settle.d, settle.y, s.mat.m, s.mat.d, s.mat.y, &s.dated.m, &s.dated.d,
+                        &s.dated.y, &s.first_cpn.m, &s.first_cpn.d, &s.first_cpn.y, &s.last_cpn.m, &s.last_cpn.d,
+                        &s.last_cpn.y, day_type, s.eom, s.cpn_freq, err_code) != 0;
+}
+
 // An order between two dates that holds when either is blank; number = base + the two roles.
 bool ordered_if_given(Date a, Date b, bool strict, uint32_t number, uint32_t* err_code) {
     if (blank(a) || blank(b)) return true;
@@ -68,6 +75,32 @@ bool valid_odd_schedule(Date date, const OddSchedule& s, int32_t day_type, uint3
 }
 
 }  // namespace
+
+ORVEL_EXPORT(void) per_pcd(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                           int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_m,
+                           int32_t first_d, int32_t first_y, int32_t last_m, int32_t last_d, int32_t last_y,
+                           int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t* pcd_m, int32_t* pcd_d,
+                           int32_t* pcd_y, int32_t /*validate: the date group is always checked*/,
+                           uint32_t* err_code) {
+    const Date settle{settle_m, settle_d, settle_y};
+    OddSchedule s{{mat_m, mat_d, mat_y}, {dated_m, dated_d, dated_y}, {first_m, first_d, first_y},
+                  {last_m, last_d, last_y}, eom, cpn_freq};
+    if (!checked_schedule(settle, s, day_type, err_code)) return;
+    put(period_of(settle, s).pcd, pcd_m, pcd_d, pcd_y);
+}
+
+ORVEL_EXPORT(void) per_ncd(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                           int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_m,
+                           int32_t first_d, int32_t first_y, int32_t last_m, int32_t last_d, int32_t last_y,
+                           int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t* ncd_m, int32_t* ncd_d,
+                           int32_t* ncd_y, int32_t /*validate: the date group is always checked*/,
+                           uint32_t* err_code) {
+    const Date settle{settle_m, settle_d, settle_y};
+    OddSchedule s{{mat_m, mat_d, mat_y}, {dated_m, dated_d, dated_y}, {first_m, first_d, first_y},
+                  {last_m, last_d, last_y}, eom, cpn_freq};
+    if (!checked_schedule(settle, s, day_type, err_code)) return;
+    put(period_of(settle, s).ncd, ncd_m, ncd_d, ncd_y);
+}
 
 ORVEL_EXPORT(void) per_cpn_MDYs(int32_t date_m, int32_t date_d, int32_t date_y, int32_t mat_m, int32_t mat_d,
                                 int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_m,

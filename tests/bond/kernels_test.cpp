@@ -295,12 +295,4 @@ TEST(KernelValidation, FirstBadArgumentNamesItself) {
     }
 }
 
-TEST(KernelValidation, SuccessLeavesErrCodeAlone) {
-    uint32_t err = 77;
-    bond_ptm_g1p(6, 8, 100, 0, 0, 2, 4, 0.5, 4, 1, 1, &err);
-    bond_ytm_l1p(99, 8, 100, 0, 2, 0.5, 1, 1, &err);
-    aibd_y(99, 8, 100, 2, 4, 0.5, 4, 1, 1, &err);
-    EXPECT_EQ(err, 77u);
-}
-
 }  // namespace

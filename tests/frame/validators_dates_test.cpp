@@ -61,6 +61,8 @@ TEST(BondDates, EveryNumberAndRole) {
         row<Bond>("first coupon a month off the cycle", [](Bond& b) { b.first = {6, 15, 2024}; }, 2231),
         row<Bond>("first coupon a day off the cycle", [](Bond& b) { b.first = {5, 14, 2024}; }, 2231),
         row<Bond>("odd dated date with a first coupon on the cycle", [](Bond& b) { b.dated = {12, 1, 2023}; }, 0),
+        // Without eom the default first coupon of a 3/31 maturity is 9/30/1804, off the 31st's cycle.
+        row<Bond>("blank dates, 3/31 maturity without eom", [](Bond& b) { b.mat = {3, 31, 2034}; b.eom = 0; b.dated = b.first = kBlank; }, 2231),
         row<Bond>("annual first coupon off a semi-annual maturity", [](Bond& b) { b.cpn_freq = 1; b.first = {5, 15, 2024}; }, 2231),
     });
 }
@@ -92,6 +94,7 @@ TEST(BondDates, BlankDatesTakeTheRegularScheduleBackFromMaturity) {
         // 8/31 + 6 months is 2/28/1805 either way; without eom the February end still pairs with the 31st.
         {"August end without eom", {8, 31, 2030}, 0, 2, {8, 31, 1804}, {2, 28, 1805}},
         {"August end with eom", {8, 31, 2030}, 1, 2, {8, 31, 1804}, {2, 28, 1805}},
+        {"March 31st with eom: the 30th of September is its month end", {3, 31, 2034}, 1, 2, {3, 31, 1804}, {9, 30, 1804}},
         {"September end with eom, quarterly", {9, 30, 2030}, 1, 4, {9, 30, 1804}, {12, 31, 1804}},
         {"September end without eom, quarterly", {9, 30, 2030}, 0, 4, {9, 30, 1804}, {12, 30, 1804}},
         {"monthly", {1, 31, 2030}, 0, 12, {1, 31, 1804}, {2, 29, 1804}},
@@ -111,6 +114,26 @@ TEST(BondDates, BlankDatesTakeTheRegularScheduleBackFromMaturity) {
         EXPECT_EQ(err, 0u) << "a supplied default clears the probe's 1500";
         EXPECT_EQ(b.dated, c.dated);
         EXPECT_EQ(b.first, c.first);
+    }
+}
+
+// Under the end-of-month rule the defaults of every maturity of four years pass the group's own checks,
+// and the first coupon is one period after the dated date.
+TEST(BondDates, DefaultsOfEveryMaturityPassUnderTheMonthEndRule) {
+    for (int32_t j = MDY_2_julian(1, 1, 2030); j <= MDY_2_julian(12, 31, 2033); ++j) {
+        Bond b;
+        julian_2_MDY(j, &b.mat.m, &b.mat.d, &b.mat.y);
+        for (int32_t f : {1, 2, 4, 12}) {
+            b.cpn_freq = f;
+            b.dated = b.first = kBlank;
+            uint32_t err = kUntouched;
+            ASSERT_EQ(b.check(&err), 1) << b.mat.m << "/" << b.mat.d << "/" << b.mat.y << " f " << f << ": " << err;
+            D next = b.dated;
+            incr_by_pers(1, f, &next.m, &next.d, &next.y, 1);
+            ASSERT_EQ(b.first, next);
+            ASSERT_EQ(b.dated.y, 1804);
+            ASSERT_EQ(b.dated.m, b.mat.m);
+        }
     }
 }
 

@@ -135,7 +135,8 @@ TEST(ScheduleChecks, SuccessLeavesTheErrorWordAlone) {
 TEST(ScheduleWithoutChecks, AnyInputGivesAnAnswer) {
     const int32_t freqs[] = {0, -7, 1000, 5, 13, INT_MIN, INT_MAX, 2};
     const D dates[] = {{6, 30, 2030}, {1, 1, 9999}, {1, 1, -5}, {12, 31, INT_MAX}, {1, 1, INT_MIN},
-                       {0, 0, 0},     {1000, 99, 2020}, {-7, -3, 2020}, {2, 29, 2023}, {INT_MAX, INT_MAX, INT_MAX}};
+                       {0, 0, 0},     {1000, 99, 2020}, {-7, -3, 2020}, {2, 29, 2023}, {INT_MAX, INT_MAX, INT_MAX},
+                       {INT_MIN, INT_MIN, INT_MIN}, {INT_MIN, 1, 2020}};
     for (const int32_t freq : freqs) {
         for (const D a : dates) {
             for (const D b : dates) {

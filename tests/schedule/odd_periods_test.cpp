@@ -92,6 +92,41 @@ TEST(OddPeriods, CouponLookupWithoutOddPeriodsIsTheRegularSchedule) {
     }
 }
 
+// per_pcd and per_ncd check their dates with the multi-rate date group, then find what per_cpn_MDYs finds.
+TEST(OddPeriods, PreviousAndNextCouponAgreeWithTheLookup) {
+    for (const Bond& b : kBonds) {
+        for (D date = b.dated; serial(date) < serial(b.mat); date = schedule_testing::day_after(date, 5)) {
+            SCOPED_TRACE(testing::Message() << b.name << " " << date);
+            D pcd{-1, -1, -1}, ncd{-1, -1, -1};
+            uint32_t err = 0;
+            per_pcd(date.m, date.d, date.y, b.mat.m, b.mat.d, b.mat.y, b.dated.m, b.dated.d, b.dated.y, b.first.m,
+                    b.first.d, b.first.y, b.last.m, b.last.d, b.last.y, 1, b.eom, b.freq, &pcd.m, &pcd.d, &pcd.y, 0,
+                    &err);
+            per_ncd(date.m, date.d, date.y, b.mat.m, b.mat.d, b.mat.y, b.dated.m, b.dated.d, b.dated.y, b.first.m,
+                    b.first.d, b.first.y, b.last.m, b.last.d, b.last.y, 1, b.eom, b.freq, &ncd.m, &ncd.d, &ncd.y, 0,
+                    &err);
+            ASSERT_EQ(err, 0u);
+            ASSERT_EQ(pcd, per_date(true, date, b, 1));
+            ASSERT_EQ(ncd, per_date(false, date, b, 1));
+        }
+    }
+}
+
+// The date group is checked even when validate is 0, and nothing is written on failure.
+TEST(OddPeriods, DatesAreAlwaysChecked) {
+    const Bond& b = kBonds[0];
+    D pcd{-1, -1, -1};
+    uint32_t err = 0;
+    per_pcd(13, 1, 2022, b.mat.m, b.mat.d, b.mat.y, b.dated.m, b.dated.d, b.dated.y, b.first.m, b.first.d, b.first.y,
+            b.last.m, b.last.d, b.last.y, 1, b.eom, b.freq, &pcd.m, &pcd.d, &pcd.y, 0, &err);
+    EXPECT_EQ(err, 1207u);
+    EXPECT_EQ(pcd, (D{-1, -1, -1}));
+    err = 0;
+    per_ncd(3, 1, 2031, b.mat.m, b.mat.d, b.mat.y, b.dated.m, b.dated.d, b.dated.y, b.first.m, b.first.d, b.first.y,
+            b.last.m, b.last.d, b.last.y, 1, b.eom, b.freq, &pcd.m, &pcd.d, &pcd.y, 0, &err);
+    EXPECT_EQ(err, 2171u);
+}
+
 TEST(OddPeriods, BlankDatedStartsTheFirstPeriodOnePeriodBack) {
     D pcd{}, ncd{};
     uint32_t err = 0;
