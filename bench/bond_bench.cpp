@@ -46,8 +46,8 @@ const std::vector<BenchBond>& bonds() {
             b.yld = 0.5 + (i * 3 % 17) * 0.5;
             double ai = 0.0;
             uint32_t err = 0;
-            bond_py_ai(1, 1, 0, 2, 1, b.yld, b.cpn, b.sm, b.sd, b.sy, b.mm, b.md, b.my, 0, 0, 0, 0, 0, 0, 100.0, 0.0, 0.0,
-                       &b.price, &ai, 1, &err);
+            bond_py_ai(1, 1, 0, 2, 1, b.yld, b.cpn, b.sm, b.sd, b.sy, b.mm, b.md, b.my, 0, 0, 0, 0, 0, 0, 100.0, 0.0,
+                       0.0, &b.price, &ai, 1, &err);
             v.push_back(b);
         }
         return v;
@@ -124,7 +124,8 @@ const std::vector<ReducedBond>& reduced() {
         for (const BenchBond& b : bonds()) {
             ReducedBond x{};
             x.b = &b;
-            x.ai = orvel::bond::reduce({b.sm, b.sd, b.sy}, {b.mm, b.md, b.my}, {0, 0, 0}, {0, 0, 0}, b.cpn, 1, 0, 2, &x.r);
+            x.ai =
+                orvel::bond::reduce({b.sm, b.sd, b.sy}, {b.mm, b.md, b.my}, {0, 0, 0}, {0, 0, 0}, b.cpn, 1, 0, 2, &x.r);
             v.push_back(x);
         }
         return v;
@@ -207,7 +208,8 @@ void over_ql(benchmark::State& state, Call call) {
 }
 
 void BM_QL_accrued_prebuilt(benchmark::State& state) {
-    over_ql(state, [](const QlCase& c) { benchmark::DoNotOptimize(ql::BondFunctions::accruedAmount(*c.bond, c.settle)); });
+    over_ql(state,
+            [](const QlCase& c) { benchmark::DoNotOptimize(ql::BondFunctions::accruedAmount(*c.bond, c.settle)); });
 }
 BENCHMARK(BM_QL_accrued_prebuilt);
 

@@ -166,13 +166,16 @@ ORVEL_EXPORT(void) bond_risk(int32_t sec_type, int32_t day_type, int32_t eom, in
     const double accrued = reduce(Mdy{settle_m, settle_d, settle_y}, Mdy{mat_m, mat_d, mat_y},
                                   Mdy{dated_m, dated_d, dated_y}, Mdy{first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate,
                                   day_type, eom, cpn_freq, &r);
+    // Each step runs only while the ones before it succeeded, so the first failure is the one reported.
     uint32_t err = 0;
     const double y =
         calc_type == 1 ? given : yield_on(r, accrued, given, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err, nullptr);
-    const double p = calc_type == 2 ? given : price_on(r, accrued, given, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err);
+    const double p = calc_type == 2 || err != 0
+                         ? given
+                         : price_on(r, accrued, given, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err);
     // A basis point either side, through the same kernel as the price.
-    const double p_down = price_on(r, accrued, y - 0.01, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err);
-    const double p_up = price_on(r, accrued, y + 0.01, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err);
+    const double p_down = err != 0 ? 0.0 : price_on(r, accrued, y - 0.01, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err);
+    const double p_up = err != 0 ? 0.0 : price_on(r, accrued, y + 0.01, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err);
     const double v = 1.0 + y / (cpn_freq * 100.0);
     if (err == 0 && !(v > 0.0)) err = ORVEL_E_NEG_BASE;
     if (err == 0 && !(r.n_after >= 0 && r.n_after <= max_walk_periods)) err = ORVEL_E_FULL_PER;

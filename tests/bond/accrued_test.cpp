@@ -118,8 +118,9 @@ TEST(TradeDateAccrual, CouponBetweenTradeAndSettlementIsOwed) {
     double nxt = 0, cpn = 0;
     int32_t n = 0;
     uint32_t err = 0;
-    EXPECT_NEAR(bond_td_ai(6, 25, 2020, 7, 3, 2020, 7, 1, 2025, 0, 0, 0, 0, 0, 0, 8.0, 1, 0, 2, &nxt, &cpn, &n, 1, &err),
-                4.0 * 2 / 184 + 4.0, 1e-12);
+    EXPECT_NEAR(
+        bond_td_ai(6, 25, 2020, 7, 3, 2020, 7, 1, 2025, 0, 0, 0, 0, 0, 0, 8.0, 1, 0, 2, &nxt, &cpn, &n, 1, &err),
+        4.0 * 2 / 184 + 4.0, 1e-12);
     EXPECT_NEAR(bond_td_ai(7, 2, 2020, 7, 3, 2020, 7, 1, 2025, 0, 0, 0, 0, 0, 0, 8.0, 1, 0, 2, &nxt, &cpn, &n, 1, &err),
                 4.0 * 2 / 184, 1e-12);
     EXPECT_EQ(err, 0u);

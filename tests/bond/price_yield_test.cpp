@@ -18,8 +18,8 @@ struct PyResult {
 PyResult py(int32_t method, int32_t calc_type, double given, int sm, int sd, int sy, int dm = 0, int dd = 0,
             int dy = 0, int fm = 0, int fd = 0, int fy = 0, double tax1 = 0.0, double tax2 = 0.0, int validate = 1) {
     PyResult r;
-    bond_py_ai(method, 2, 0, 2, calc_type, given, 8.0, sm, sd, sy, 7, 1, 2025, dm, dd, dy, fm, fd, fy, 100.0, tax1, tax2,
-               &r.result, &r.ai, validate, &r.err);
+    bond_py_ai(method, 2, 0, 2, calc_type, given, 8.0, sm, sd, sy, 7, 1, 2025, dm, dd, dy, fm, fd, fy, 100.0, tax1,
+               tax2, &r.result, &r.ai, validate, &r.err);
     return r;
 }
 
@@ -119,18 +119,20 @@ TEST(Duration, CallersPriceWeightsTheDuration) {
 TEST(RiskSet, AgreesWithTheSingleMeasures) {
     double price, yld, ai, mac, mod, cvx, cur, pvbp;
     uint32_t err = 0;
-    bond_risk(7, 2, 0, 2, 2, 101.75, 8.0, 4, 15, 2020, 7, 1, 2025, 0, 0, 0, 0, 0, 0, 100.0, &price, &yld, &ai, &mac, &mod,
-              &cvx, &cur, &pvbp, 1, &err);  // sec_type 7: unrounded
+    bond_risk(7, 2, 0, 2, 2, 101.75, 8.0, 4, 15, 2020, 7, 1, 2025, 0, 0, 0, 0, 0, 0, 100.0, &price, &yld, &ai, &mac,
+              &mod, &cvx, &cur, &pvbp, 1, &err);  // sec_type 7: unrounded
     ASSERT_EQ(err, 0u);
     double mac1 = 0, mod1 = 0, back = 0, ai1 = 0;
-    bond_py_ai(1, 2, 0, 2, 2, 101.75, 8.0, 4, 15, 2020, 7, 1, 2025, 0, 0, 0, 0, 0, 0, 100.0, 0, 0, &back, &ai1, 1, &err);
+    bond_py_ai(1, 2, 0, 2, 2, 101.75, 8.0, 4, 15, 2020, 7, 1, 2025, 0, 0, 0, 0, 0, 0, 100.0, 0, 0, &back, &ai1, 1,
+               &err);
     bond_dur(0.0, yld, 8.0, 100.0, 2, 0, 2, 4, 15, 2020, 7, 1, 2025, 0, 0, 0, 0, 0, 0, &mac1, &mod1, 1, &err);
     EXPECT_EQ(price, 101.75);
     EXPECT_EQ(yld, back);
     EXPECT_EQ(ai, ai1);
     EXPECT_EQ(mac, mac1);
     EXPECT_EQ(mod, mod1);
-    EXPECT_NEAR(cvx, bond_cvx(0.0, yld, 8.0, 100.0, 2, 0, 2, 4, 15, 2020, 7, 1, 2025, 0, 0, 0, 0, 0, 0, 1, &err), 1e-12);
+    EXPECT_NEAR(cvx, bond_cvx(0.0, yld, 8.0, 100.0, 2, 0, 2, 4, 15, 2020, 7, 1, 2025, 0, 0, 0, 0, 0, 0, 1, &err),
+                1e-12);
     EXPECT_DOUBLE_EQ(cur, 8.0 / 101.75 * 100);
     // A basis point moves the full price by about the modified duration times the full price / 10000.
     EXPECT_NEAR(pvbp, mod * (price + ai) / 10000, 1e-6);
@@ -150,8 +152,8 @@ TEST(CashFlows, TooSmallArraysAreAnErrorNotAnOverrun) {
     double amts[4] = {-7, -7, -7, -7}, times[4], ai = -1;
     uint32_t err = 0;
     // 11 flows remain (7/1/2020 .. 7/1/2025); 3 elements are not enough.
-    EXPECT_EQ(bond_flows(2, 0, 2, 8.0, 4, 15, 2020, 7, 1, 2025, 0, 0, 0, 0, 0, 0, 100.0, 3, m, d, y, amts, times, &count,
-                         &ai, 1, &err),
+    EXPECT_EQ(bond_flows(2, 0, 2, 8.0, 4, 15, 2020, 7, 1, 2025, 0, 0, 0, 0, 0, 0, 100.0, 3, m, d, y, amts, times,
+                         &count, &ai, 1, &err),
               0);
     EXPECT_EQ(err, 13000u);
     EXPECT_EQ(count, 11);  // the number needed
@@ -177,8 +179,8 @@ TEST(CashFlows, HoldingInterestAndPrincipal) {
     EXPECT_EQ(principal[11], 250000.0);
     EXPECT_EQ(y[11], 2025);
     // Method 3 ignores the odd coupon; a zero face is taken as 1 thousand.
-    bond_ifs_pfs(3, 2, 0, 2, 8.0, 11, 1, 2019, 7, 1, 2025, 3, 1, 2019, 1, 1, 2020, 0.0, 20, m, d, y, interest, principal,
-                 &count, 1, &err);
+    bond_ifs_pfs(3, 2, 0, 2, 8.0, 11, 1, 2019, 7, 1, 2025, 3, 1, 2019, 1, 1, 2020, 0.0, 20, m, d, y, interest,
+                 principal, &count, 1, &err);
     EXPECT_NEAR(interest[0], 40.0, 1e-12);
     EXPECT_EQ(principal[11], 1000.0);
     const struct {
@@ -188,8 +190,8 @@ TEST(CashFlows, HoldingInterestAndPrincipal) {
     } bad[] = {{2, 1.0, 300}, {9, 1.0, 300}, {1, -1.0, 14100}};
     for (const auto& b : bad) {
         err = 0;
-        EXPECT_EQ(bond_ifs_pfs(b.method, 2, 0, 2, 8.0, 11, 1, 2019, 7, 1, 2025, 3, 1, 2019, 1, 1, 2020, b.face, 20, m, d,
-                               y, interest, principal, &count, 1, &err),
+        EXPECT_EQ(bond_ifs_pfs(b.method, 2, 0, 2, 8.0, 11, 1, 2019, 7, 1, 2025, 3, 1, 2019, 1, 1, 2020, b.face, 20, m,
+                               d, y, interest, principal, &count, 1, &err),
                   0);
         EXPECT_EQ(err, b.expected);
     }
@@ -199,10 +201,10 @@ TEST(CashFlows, HoldingAmountsAreThePer100FlowsScaled) {
     int32_t m[20], d[20], y[20], m2[20], d2[20], y2[20], count = 0, count2 = 0;
     double amts[20], times[20], money[20], ai = 0, ai_money = 0;
     uint32_t err = 0;
-    bond_flows(1, 0, 2, 8.0, 11, 1, 2019, 7, 1, 2025, 3, 1, 2019, 1, 1, 2020, 101.0, 20, m, d, y, amts, times, &count, &ai,
-               1, &err);
-    bond_cfs(1, 0, 2, 8.0, 11, 1, 2019, 7, 1, 2025, 3, 1, 2019, 1, 1, 2020, 101.0, 250.0, 20, m2, d2, y2, money, &count2,
-             &ai_money, 1, &err);
+    bond_flows(1, 0, 2, 8.0, 11, 1, 2019, 7, 1, 2025, 3, 1, 2019, 1, 1, 2020, 101.0, 20, m, d, y, amts, times, &count,
+               &ai, 1, &err);
+    bond_cfs(1, 0, 2, 8.0, 11, 1, 2019, 7, 1, 2025, 3, 1, 2019, 1, 1, 2020, 101.0, 250.0, 20, m2, d2, y2, money,
+             &count2, &ai_money, 1, &err);
     ASSERT_EQ(err, 0u);
     ASSERT_EQ(count, count2);
     for (int k = 0; k < count; ++k) {
