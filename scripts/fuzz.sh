@@ -52,7 +52,7 @@ set +e
   -artifact_prefix="$build/findings/" 2>&1 | tee "$build/fuzz.log" | grep -Ev '^#[0-9]+\s+(NEW|REDUCE|pulse)|NEW_FUNC|^"|dictionary'
 status=${PIPESTATUS[0]}
 set -e
-runs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$build/fuzz.log")
+runs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$build/fuzz.log" | tail -1)
 echo "fuzz.sh: ${runs:-?} executions in $(( $(date +%s) - start )) s, exit status $status"
 if [ "$status" -ne 0 ]; then
   echo "fuzz.sh: FAILED; the input is in $build/findings/ (replay: scripts/fuzz.sh --replay FILE)"
