@@ -22,8 +22,8 @@
  *     months, so the schedule is maturity alone: pcd = ncd = the anchor, nper = 0, frac = 0;
  *   - settlement after maturity locates it on the grid continued past maturity (nper then counts negative);
  *   - a day_type outside 1..13 counts actual days, like code 1;
- *   - malformed dates give some dates and counts (no loop walks the schedule: at most three dates are
- *     stepped per call, whatever the years).
+ *   - malformed dates give some dates and counts. No loop walks the schedule to find settlement: the
+ *     month distance puts it within one period of two stepped dates, whatever the years.
  */
 #ifndef ORVEL_SCHEDULE_H
 #define ORVEL_SCHEDULE_H
@@ -162,8 +162,8 @@ ORVEL_EXPORT(void) per_cpn_MDYs(int32_t date_m, int32_t date_d, int32_t date_y, 
  * That is last_cpn when given; otherwise dated when the first coupon is maturity itself (a single odd
  * period); otherwise maturity one regular period back.
  *   mat, dated, first_cpn, last_cpn, day_type, eom, cpn_freq as in per_cpn_MDYs; lcd out date
- * Errors with validate: as per_cpn_MDYs with maturity in the role of the looked-up date. Nothing is
- * written on failure. */
+ * Errors with validate: those of per_cpn_MDYs that concern these arguments (500/501, 600/601, mat 1501,
+ * 12xx/13xx/11xx + role, 2123, 2036, 2161). Nothing is written on failure. */
 ORVEL_EXPORT(void) per_lcd(int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d,
                            int32_t dated_y, int32_t first_m, int32_t first_d, int32_t first_y, int32_t last_m,
                            int32_t last_d, int32_t last_y, int32_t day_type, int32_t eom, int32_t cpn_freq,

@@ -55,23 +55,31 @@ bool ordered_if_given(Date a, Date b, bool strict, uint32_t number, uint32_t* er
     return (strict ? c < 0 : c <= 0) || orvel::fail(err_code, number);
 }
 
-// The dates of a schedule with optional odd periods, each with its role: the date looked up (7), maturity
-// (1), dated (2), first coupon (3), last regular coupon (6); then date <= mat (2071), dated < first coupon
-// (2123), first coupon <= last coupon (2036), last coupon < mat (2161).
-bool valid_odd_schedule(Date date, const OddSchedule& s, int32_t day_type, uint32_t* err_code) {
-    return orvel::Check(err_code)
-        .call(0, ok_day_type, day_type)
-        .call(0, ok_cpn_freq, s.cpn_freq)
-        .call(ORVEL_ROLE_SETTLE, ok_MDY, date.m, date.d, date.y, 1)
-        .call(ORVEL_ROLE_MATURITY, ok_MDY, s.mat.m, s.mat.d, s.mat.y, 1)
+// The dates of a schedule with optional odd periods, each with its role: the date looked up (7, when
+// there is one), maturity (1), dated (2), first coupon (3), last regular coupon (6); then date <= mat
+// (2071), dated < first coupon (2123), first coupon <= last coupon (2036), last coupon < mat (2161).
+bool valid_odd_schedule(const Date* date, const OddSchedule& s, int32_t day_type, uint32_t* err_code) {
+    orvel::Check check(err_code);
+    check.call(0, ok_day_type, day_type).call(0, ok_cpn_freq, s.cpn_freq);
+    if (date != nullptr) check.call(ORVEL_ROLE_SETTLE, ok_MDY, date->m, date->d, date->y, 1);
+    check.call(ORVEL_ROLE_MATURITY, ok_MDY, s.mat.m, s.mat.d, s.mat.y, 1)
         .call(ORVEL_ROLE_DATED, ok_MDY, s.dated.m, s.dated.d, s.dated.y, 0)
         .call(ORVEL_ROLE_FIRST_CPN, ok_MDY, s.first_cpn.m, s.first_cpn.d, s.first_cpn.y, 0)
         .call(ORVEL_ROLE_LAST_CPN, ok_MDY, s.last_cpn.m, s.last_cpn.d, s.last_cpn.y, 0)
-        .expect(compare(date, s.mat) <= 0, ORVEL_E_NOT_LE + 71)
+        .expect(date == nullptr || compare(*date, s.mat) <= 0, ORVEL_E_NOT_LE + 71)
         .step([&](uint32_t* e) { return ordered_if_given(s.dated, s.first_cpn, true, ORVEL_E_NOT_LT + 23, e); })
         .step([&](uint32_t* e) { return ordered_if_given(s.first_cpn, s.last_cpn, false, ORVEL_E_NOT_LE + 36, e); })
-        .step([&](uint32_t* e) { return ordered_if_given(s.last_cpn, s.mat, true, ORVEL_E_NOT_LT + 61, e); })
-        .ok();
+        .step([&](uint32_t* e) { return ordered_if_given(s.last_cpn, s.mat, true, ORVEL_E_NOT_LT + 61, e); });
+    return check.ok();
+}
+
+// per_pcd and per_ncd: the date group checked, then one of the two dates of settle's period.
+bool checked_period_date(bool previous, Date settle, OddSchedule s, int32_t day_type, Date* out,
+                         uint32_t* err_code) {
+    if (!checked_schedule(settle, s, day_type, err_code)) return false;
+    const Bracket b = period_of(settle, s);
+    *out = previous ? b.pcd : b.ncd;
+    return true;
 }
 
 }  // namespace
@@ -82,11 +90,12 @@ ORVEL_EXPORT(void) per_pcd(int32_t settle_m, int32_t settle_d, int32_t settle_y,
                            int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t* pcd_m, int32_t* pcd_d,
                            int32_t* pcd_y, int32_t /*validate: the date group is always checked*/,
                            uint32_t* err_code) {
-    const Date settle{settle_m, settle_d, settle_y};
-    OddSchedule s{{mat_m, mat_d, mat_y}, {dated_m, dated_d, dated_y}, {first_m, first_d, first_y},
-                  {last_m, last_d, last_y}, eom, cpn_freq};
-    if (!checked_schedule(settle, s, day_type, err_code)) return;
-    put(period_of(settle, s).pcd, pcd_m, pcd_d, pcd_y);
+    Date pcd{};
+    if (checked_period_date(true, {settle_m, settle_d, settle_y},
+                            {{mat_m, mat_d, mat_y}, {dated_m, dated_d, dated_y}, {first_m, first_d, first_y},
+                             {last_m, last_d, last_y}, eom, cpn_freq},
+                            day_type, &pcd, err_code))
+        put(pcd, pcd_m, pcd_d, pcd_y);
 }
 
 ORVEL_EXPORT(void) per_ncd(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
@@ -95,11 +104,12 @@ ORVEL_EXPORT(void) per_ncd(int32_t settle_m, int32_t settle_d, int32_t settle_y,
                            int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t* ncd_m, int32_t* ncd_d,
                            int32_t* ncd_y, int32_t /*validate: the date group is always checked*/,
                            uint32_t* err_code) {
-    const Date settle{settle_m, settle_d, settle_y};
-    OddSchedule s{{mat_m, mat_d, mat_y}, {dated_m, dated_d, dated_y}, {first_m, first_d, first_y},
-                  {last_m, last_d, last_y}, eom, cpn_freq};
-    if (!checked_schedule(settle, s, day_type, err_code)) return;
-    put(period_of(settle, s).ncd, ncd_m, ncd_d, ncd_y);
+    Date ncd{};
+    if (checked_period_date(false, {settle_m, settle_d, settle_y},
+                            {{mat_m, mat_d, mat_y}, {dated_m, dated_d, dated_y}, {first_m, first_d, first_y},
+                             {last_m, last_d, last_y}, eom, cpn_freq},
+                            day_type, &ncd, err_code))
+        put(ncd, ncd_m, ncd_d, ncd_y);
 }
 
 ORVEL_EXPORT(void) per_cpn_MDYs(int32_t date_m, int32_t date_d, int32_t date_y, int32_t mat_m, int32_t mat_d,
@@ -111,7 +121,7 @@ ORVEL_EXPORT(void) per_cpn_MDYs(int32_t date_m, int32_t date_d, int32_t date_y, 
     const Date date{date_m, date_d, date_y};
     const OddSchedule s{{mat_m, mat_d, mat_y}, {dated_m, dated_d, dated_y}, {first_m, first_d, first_y},
                         {last_m, last_d, last_y}, eom, cpn_freq};
-    if (validate && !valid_odd_schedule(date, s, day_type, err_code)) return;
+    if (validate && !valid_odd_schedule(&date, s, day_type, err_code)) return;
     const Bracket b = period_of(date, s);
     put(b.pcd, pcd_m, pcd_d, pcd_y);
     put(b.ncd, ncd_m, ncd_d, ncd_y);
@@ -123,8 +133,7 @@ ORVEL_EXPORT(void) per_lcd(int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t 
                            int32_t* lcd_m, int32_t* lcd_d, int32_t* lcd_y, int32_t validate, uint32_t* err_code) {
     const OddSchedule s{{mat_m, mat_d, mat_y}, {dated_m, dated_d, dated_y}, {first_m, first_d, first_y},
                         {last_m, last_d, last_y}, eom, cpn_freq};
-    // Checked as a lookup at maturity itself, so every date must lie on or before it.
-    if (validate && !valid_odd_schedule(s.mat, s, day_type, err_code)) return;
+    if (validate && !valid_odd_schedule(nullptr, s, day_type, err_code)) return;
     // The start of the period that ends at maturity: the last regular coupon, or the first period's start
     // when the first coupon is maturity itself, or else one regular period before maturity.
     Date lcd = orvel::schedule::grid_date(s.mat, -1, cpn_freq, eom);

@@ -85,6 +85,9 @@ const ErrCase kErrCases[] = {
     {"per_cpn_MDYs last coupon on maturity", 2161, [] {
          return err_of([](uint32_t* e) { int32_t o[6]; per_cpn_MDYs(7, 1, 2021, 6, 30, 2030, 0, 0, 0, 0, 0, 0, 6, 30, 2030, 1, 0, 2, o, o + 1, o + 2, o + 3, o + 4, o + 5, 1, e); });
      }},
+    {"per_lcd bad maturity month", 1201, [] {
+         return err_of([](uint32_t* e) { int32_t o[3]; per_lcd(0, 30, 2030, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0, 2, o, o + 1, o + 2, 1, e); });
+     }},
     {"all_cpn_dts settle on maturity", 2171, [] {
          return err_of([](uint32_t* e) { int32_t o[4]; all_cpn_dts(6, 30, 2030, 6, 30, 2030, 0, 0, 0, 0, 0, 0, 0, 2, 1, o, o + 1, o + 2, o + 3, 1, e); });
      }},
