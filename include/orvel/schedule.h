@@ -19,7 +19,8 @@
  * Without validation nothing is checked and every input gives an answer, never a crash or a hang:
  *   - a cpn_freq below 1 counts as 1 (a 12-month period); one between 1 and 12 not in {1, 2, 4, 12} gives
  *     periods of 12 / cpn_freq months (integer division: 5 gives 2 months); one above 12 gives periods of no
- *     months, so the schedule is maturity alone: pcd = ncd = the anchor, nper = 0, frac = 0;
+ *     months, so the schedule is its anchor alone: pcd = ncd = the anchor, the day counts are taken against
+ *     it, and num_per reports nper = frac = 0;
  *   - settlement after maturity locates it on the grid continued past maturity (nper then counts negative);
  *   - a day_type outside 1..13 counts actual days, like code 1;
  *   - malformed dates give some dates and counts. No loop walks the schedule to find settlement: the

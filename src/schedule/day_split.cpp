@@ -14,22 +14,54 @@ int32_t count_days(Date a, Date b, int32_t day_type) {
     return cal::days_by_type(basis, a.m, a.d, a.y, b.m, b.d, b.y);
 }
 
+namespace {
+
+// The serial day numbers of the three dates under one count, each computed once: the actual and the
+// no-leap counts are differences of serials, so the split needs three of them rather than four.
+struct Serials {
+    int64_t pcd, settle, ncd;
+};
+
+template <int64_t (*serial)(int64_t, int64_t, int64_t)>
+Serials serials_of(Date pcd, Date ncd, Date settle) {
+    return {serial(pcd.m, pcd.d, pcd.y), serial(settle.m, settle.d, settle.y), serial(ncd.m, ncd.d, ncd.y)};
+}
+
+constexpr int32_t accrued(const Serials& s) { return cal::narrow(s.settle - s.pcd); }
+constexpr int32_t remaining(const Serials& s) { return cal::narrow(s.ncd - s.settle); }
+constexpr int32_t period(const Serials& s) { return cal::narrow(s.ncd - s.pcd); }
+
+}  // namespace
+
 DaySplit split_period(Date pcd, Date ncd, Date settle, int32_t day_type, int32_t cpn_freq) {
-    const int32_t da = count_days(pcd, settle, day_type);
     const int32_t fixed_period = 360 / usable_freq(cpn_freq);
     switch (day_type) {
-    case 2: case 3: case 5: case 10: case 11:
+    case 2: case 3: case 5: case 10: case 11: {
         // 64-bit, then narrowed modulo 2^32: a garbage day count cannot overflow the subtraction.
-        return {da, fixed_period, static_cast<int32_t>(int64_t{fixed_period} - da)};
-    case 4: case 7:
-        return {da, fixed_period, count_days(settle, ncd, day_type)};
-    case 13:
-        return {da, count_days(pcd, ncd, 9), count_days(settle, ncd, 9)};
-    default: {  // 1, 6, 8, 9, 12 and any unknown code (counted as actual days)
-        // These counts add up over a split (each date's adjustment depends on that date alone), so the
-        // period is the days accrued plus the days remaining: one count fewer on the engine's hot path.
-        const int32_t dr = count_days(settle, ncd, day_type);
-        return {da, static_cast<int32_t>(int64_t{da} + dr), dr};
+        const int32_t da = count_days(pcd, settle, day_type);
+        return {da, fixed_period, cal::narrow(int64_t{fixed_period} - da)};
+    }
+    case 4:
+        return {count_days(pcd, settle, 4), fixed_period, count_days(settle, ncd, 4)};
+    case 6: {  // month ends as the 30th: each date's adjustment is its own, so the counts add up
+        const int32_t da = count_days(pcd, settle, 6), dr = count_days(settle, ncd, 6);
+        return {da, cal::narrow(int64_t{da} + dr), dr};
+    }
+    case 7: {
+        const Serials actual = serials_of<cal::serial00>(pcd, ncd, settle);
+        return {accrued(actual), fixed_period, remaining(actual)};
+    }
+    case 9: {
+        const Serials no_leap = serials_of<cal::serial_no_leap>(pcd, ncd, settle);
+        return {accrued(no_leap), period(no_leap), remaining(no_leap)};
+    }
+    case 13: {
+        const Serials no_leap = serials_of<cal::serial_no_leap>(pcd, ncd, settle);
+        return {count_days(pcd, settle, 13), period(no_leap), remaining(no_leap)};
+    }
+    default: {  // 1, 8, 12 and any unknown code: actual days
+        const Serials actual = serials_of<cal::serial00>(pcd, ncd, settle);
+        return {accrued(actual), period(actual), remaining(actual)};
     }
     }
 }
