@@ -258,7 +258,7 @@ std::string arg_form(const ArgSpec& a, const ExportSpec& e) {
 
 void PreparedCall::fill_outputs(int32_t int_value, double real_value) {
     for (std::size_t i = 0; i < args_.size(); ++i) {
-        const Kind k = spec_->arg_list[i].kind;
+        const Kind k = entry_->arg_list[i].kind;
         if (!is_output(k) || k == Kind::OutChr) continue;
         std::fill(args_[i].ints0.begin(), args_[i].ints0.end(), int_value);
         std::fill(args_[i].reals0.begin(), args_[i].reals0.end(), real_value);
@@ -266,13 +266,13 @@ void PreparedCall::fill_outputs(int32_t int_value, double real_value) {
 }
 
 bool PreparedCall::has_err() const {
-    return spec_->arg_count > 0 && spec_->arg_list[spec_->arg_count - 1].kind == Kind::Err;
+    return entry_->arg_count > 0 && entry_->arg_list[entry_->arg_count - 1].kind == Kind::Err;
 }
 
 // Points every parameter slot at this call's storage. Called before each invoke, so a moved call stays valid.
 void PreparedCall::bind() {
     for (std::size_t i = 0; i < args_.size(); ++i) {
-        const ArgSpec& a = spec_->arg_list[i];
+        const ArgSpec& a = entry_->arg_list[i];
         ArgValue& v = args_[i];
         const int p = a.first_param;
         switch (a.kind) {
@@ -301,15 +301,15 @@ void PreparedCall::invoke() {
     err_ = err_before;
     frame_.ret_i = 0;
     frame_.ret_f = 0.0;
-    spec_->call(frame_);
+    entry_->call(frame_);
 }
 
 std::string PreparedCall::report() const {
     std::string out;
-    if (spec_->result == exports::Result::I32) out += std::string(spec_->name) + " = " + std::to_string(result_i32()) + "\n";
-    if (spec_->result == exports::Result::F64) out += std::string(spec_->name) + " = " + format_double(result_f64()) + "\n";
+    if (entry_->result == exports::Result::I32) out += std::string(entry_->name) + " = " + std::to_string(result_i32()) + "\n";
+    if (entry_->result == exports::Result::F64) out += std::string(entry_->name) + " = " + format_double(result_f64()) + "\n";
     for (std::size_t i = 0; i < args_.size(); ++i) {
-        const ArgSpec& a = spec_->arg_list[i];
+        const ArgSpec& a = entry_->arg_list[i];
         if (is_output(a.kind) || is_io(a.kind)) out += std::string(a.name) + " = " + value_text(a, args_[i]) + "\n";
     }
     if (has_err()) out += "err_code = " + std::to_string(err_) + " (" + error_text(err_) + ")\n";
@@ -317,12 +317,12 @@ std::string PreparedCall::report() const {
 }
 
 std::string PreparedCall::csv() const {
-    std::string out = spec_->name;
+    std::string out = entry_->name;
     out += ',';
-    if (spec_->result == exports::Result::I32) out += std::to_string(result_i32());
-    if (spec_->result == exports::Result::F64) out += format_double(result_f64());
+    if (entry_->result == exports::Result::I32) out += std::to_string(result_i32());
+    if (entry_->result == exports::Result::F64) out += format_double(result_f64());
     for (std::size_t i = 0; i < args_.size(); ++i) {
-        const ArgSpec& a = spec_->arg_list[i];
+        const ArgSpec& a = entry_->arg_list[i];
         if (is_output(a.kind) || is_io(a.kind)) out += "," + csv_field(value_text(a, args_[i]));
     }
     out += ',';
@@ -388,7 +388,7 @@ bool parse(const ExportSpec& export_spec, const std::vector<std::string_view>& w
     int word = 1;
     for (int i = 0; i < e->arg_count; ++i) {
         ArgValue& v = args[static_cast<std::size_t>(i)];
-        v.spec = &e->arg_list[i];
+        v.arg = &e->arg_list[i];
         if (!is_typed(*e, derived, i)) continue;
         v.token = word;
         if (!parse_word(*e, i, words[static_cast<std::size_t>(word)], v, error)) return false;
@@ -396,7 +396,7 @@ bool parse(const ExportSpec& export_spec, const std::vector<std::string_view>& w
     }
     if (!settle_counts(*e, derived, args, error)) return false;
     for (int i = 0; i < e->arg_count; ++i) size_storage(*e, i, args, args[static_cast<std::size_t>(i)]);
-    call.spec_ = e;
+    call.entry_ = e;
     call.args_ = std::move(args);
     call.err_before = 0;
     call.err_ = 0;

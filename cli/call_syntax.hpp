@@ -27,7 +27,7 @@ inline constexpr int32_t max_capacity = 100000;
 // Storage of one argument: the value as parsed (or the initial content of an output) and the working copy
 // that the export reads and writes.
 struct ArgValue {
-    const exports::ArgSpec* spec = nullptr;
+    const exports::ArgSpec* arg = nullptr;
     int token = -1;                 // index of its typed word (words[0] is the name); -1 when not typed
     int32_t length = 0;             // elements the caller sees (arrays), 1 or 3 for scalars and dates
     std::vector<int32_t> ints0, ints;
@@ -43,7 +43,7 @@ public:
     PreparedCall(PreparedCall&&) = default;
     PreparedCall& operator=(PreparedCall&&) = default;
 
-    const exports::ExportSpec& spec() const { return *spec_; }
+    const exports::ExportSpec& entry() const { return *entry_; }
     std::vector<ArgValue>& args() { return args_; }
     const std::vector<ArgValue>& args() const { return args_; }
 
@@ -70,7 +70,7 @@ private:
                       std::string& error);
     void bind();
 
-    const exports::ExportSpec* spec_ = nullptr;
+    const exports::ExportSpec* entry_ = nullptr;
     std::vector<ArgValue> args_;
     exports::Frame frame_{};
     uint32_t err_ = 0;
@@ -82,7 +82,7 @@ std::vector<std::string_view> split_words(std::string_view line);
 // words[0] is the export's name, the rest its typed arguments. On failure returns false and sets error to a
 // message naming the argument and what was expected.
 bool parse(const std::vector<std::string_view>& words, PreparedCall& call, std::string& error);
-// The same for a given export (words[0], its name, is not read): lets tests prepare calls of their own specs.
+// The same for a given export (words[0], its name, is not read): lets tests prepare calls of exports of their own making.
 bool parse(const exports::ExportSpec& e, const std::vector<std::string_view>& words, PreparedCall& call,
            std::string& error);
 bool parse_line(std::string_view line, PreparedCall& call, std::string& error);

@@ -58,7 +58,7 @@ void next_day(Frame& f) {
 constexpr ExportSpec next_day_spec = {"next_day", "test", Result::Void, next_day_args, 2, 6, 24, &next_day};
 
 struct Case {
-    const ExportSpec* spec;
+    const ExportSpec* entry;
     std::vector<std::string_view> words;  // words[0] is the name
     const char* report;                   // expected report, or nullptr when parsing must fail
     const char* message_part;             // part of the usage error
@@ -86,7 +86,7 @@ TEST(CallArrays, CountsCapacitiesAndTables) {
         SCOPED_TRACE(line);
         ck::PreparedCall call;
         std::string error;
-        const bool parsed = ck::parse(*c.spec, c.words, call, error);
+        const bool parsed = ck::parse(*c.entry, c.words, call, error);
         if (c.report == nullptr) {
             EXPECT_FALSE(parsed);
             EXPECT_NE(error.find(c.message_part), std::string::npos) << error;

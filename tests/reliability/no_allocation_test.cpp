@@ -135,7 +135,7 @@ TEST(NoAllocation, EverySampleCallAllocatesNothing) {
     for (SampleCall& s : samples) {
         SCOPED_TRACE(s.where + ": " + s.text);
         // A function with a validate flag is called both ways: validators and calculation paths differ.
-        const int validate = arg_index(s.call.spec(), "validate");
+        const int validate = arg_index(s.call.entry(), "validate");
         for (int flag : {1, 0}) {
             if (validate >= 0) s.call.args()[static_cast<std::size_t>(validate)].ints0[0] = flag;
             AllocationCount count;

@@ -32,7 +32,7 @@ std::vector<SampleCall> parse_samples() {
 
 std::vector<std::string> exports_without_sample(const std::vector<SampleCall>& samples) {
     std::set<std::string> sampled;
-    for (const SampleCall& s : samples) sampled.insert(s.call.spec().name);
+    for (const SampleCall& s : samples) sampled.insert(s.call.entry().name);
     std::vector<std::string> missing;
     for (const exports::ExportSpec& e : exports::table())
         if (sampled.count(e.name) == 0) missing.push_back(std::string(e.name) + " (" + e.section + ")");

@@ -71,7 +71,7 @@ const ValidatorRow* find_row(std::string_view validator, std::string_view argume
 uint32_t expected_number(const ValidatorRow& row, double value, const SampleCall& s) {
     const uint32_t number = std::isnan(value) ? row.nan : value < 0 ? row.minus_inf : row.plus_inf;
     if (number != 0) return number;
-    const int kind = arg_index(s.call.spec(), "given_type");
+    const int kind = arg_index(s.call.entry(), "given_type");
     return ORVEL_E_GIVEN_BASE + static_cast<uint32_t>(s.call.args()[static_cast<std::size_t>(kind)].ints0[0]);
 }
 
@@ -88,16 +88,16 @@ bool is_output(Kind k) {
 std::string changed_arguments(const SampleCall& s) {
     std::string changed;
     for (std::size_t i = 0; i < s.call.args().size(); ++i) {
-        const auto& spec = s.call.spec().arg_list[i];
+        const auto& arg = s.call.entry().arg_list[i];
         const auto& v = s.call.args()[i];
         bool same = true;
-        if (spec.kind == Kind::OutChr) {
+        if (arg.kind == Kind::OutChr) {
             for (char c : v.text) same = same && c == '\0';
-        } else if (is_output(spec.kind) || orvel::exports::is_array(spec.kind) || spec.kind == Kind::IoI32 ||
-                   spec.kind == Kind::IoF64 || spec.kind == Kind::IoDate) {
+        } else if (is_output(arg.kind) || orvel::exports::is_array(arg.kind) || arg.kind == Kind::IoI32 ||
+                   arg.kind == Kind::IoF64 || arg.kind == Kind::IoDate) {
             same = v.ints == v.ints0 && same_bits(v.reals, v.reals0);
         }
-        if (!same) changed += std::string(" ") + spec.name;
+        if (!same) changed += std::string(" ") + arg.name;
     }
     return changed;
 }
@@ -122,17 +122,17 @@ uint32_t call_with(SampleCall& s, int arg, double value) {
 }
 
 std::string describe(const SampleCall& s, int arg, double value) {
-    return s.where + ": " + s.text + " with " + s.call.spec().arg_list[arg].name + " = " + std::to_string(value);
+    return s.where + ": " + s.text + " with " + s.call.entry().arg_list[arg].name + " = " + std::to_string(value);
 }
 
 TEST(ValidationContract, ValidatedCallsRejectNonFiniteDoublesAndKeepOutputs) {
     int checked = 0;
     for (SampleCall& s : orvel::reliability::parse_samples()) {
-        const int validate = arg_index(s.call.spec(), "validate");
+        const int validate = arg_index(s.call.entry(), "validate");
         if (validate < 0) continue;
         s.call.args()[static_cast<std::size_t>(validate)].ints0[0] = 1;
         s.call.fill_outputs(sentinel_i32, sentinel_f64);
-        for (int arg : double_arguments(s.call.spec())) {
+        for (int arg : double_arguments(s.call.entry())) {
             for (double value : non_finite) {
                 SCOPED_TRACE(describe(s, arg, value));
                 const uint32_t err = call_with(s, arg, value);
@@ -141,7 +141,7 @@ TEST(ValidationContract, ValidatedCallsRejectNonFiniteDoublesAndKeepOutputs) {
                 EXPECT_NE(err, static_cast<uint32_t>(ORVEL_E_SOLVER)) << "reached the solver";
                 EXPECT_EQ(s.call.result_i32(), 0);
                 EXPECT_EQ(s.call.result_f64(), 0.0);
-                if (writes_before_failing.count(s.call.spec().name) == 0) {
+                if (writes_before_failing.count(s.call.entry().name) == 0) {
                     EXPECT_EQ(changed_arguments(s), "") << "written by a failing call";
                 }
             }
@@ -152,10 +152,10 @@ TEST(ValidationContract, ValidatedCallsRejectNonFiniteDoublesAndKeepOutputs) {
 
 TEST(ValidationContract, ValidatorsRejectNonFiniteWithTheirNumber) {
     for (SampleCall& s : orvel::reliability::parse_samples()) {
-        const std::string_view name = s.call.spec().name;
+        const std::string_view name = s.call.entry().name;
         if (name.substr(0, 3) != "ok_" || !s.call.has_err()) continue;
-        for (int arg : double_arguments(s.call.spec())) {
-            const ValidatorRow* row = find_row(name, s.call.spec().arg_list[arg].name);
+        for (int arg : double_arguments(s.call.entry())) {
+            const ValidatorRow* row = find_row(name, s.call.entry().arg_list[arg].name);
             for (double value : non_finite) {
                 SCOPED_TRACE(describe(s, arg, value));
                 const uint32_t err = call_with(s, arg, value);
