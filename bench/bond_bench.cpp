@@ -1,7 +1,7 @@
 // The bond engine against QuantLib on the same bonds: accrued interest, price from yield, yield from price
 // and duration. 64 semi-annual actual/actual bonds (2 to 30 years, coupons 1 to 10%), one per iteration in
 // turn. QuantLib runs with its bond object built once ("prebuilt") and rebuilt on every call ("rebuilt");
-// its yield solve is asked for 1e-10 in the yield, ours stops at 5e-7 per 100 of price and polishes once.
+// its yield solve is asked for 1e-10 in the yield, ours stops at 5e-7 per 100 of price.
 // The kernel benchmarks show what a yield solve costs against the price evaluations it performs (the
 // counter evals_per_solve gives their number).
 #include <benchmark/benchmark.h>

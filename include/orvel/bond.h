@@ -40,8 +40,8 @@ ORVEL_EXPORT(double) bond_ptm_g1p(double yld, double cpn_rate, double redemptn, 
 
 /* Yield of a clean price on the schedule of bond_ptm_g1p: solves price = bond_ptm_g1p(y) to 5e-7 per 100
  * with the library's three-point solver, starting from an estimate from the gain to redemption and points
- * 1 below and 1 above it, then takes one more interpolation step when it improves the fit (the yield then
- * reprices to about 1e-9; typically 6 to 7 price evaluations in all). A start of exactly 0 returns 0.0
+ * 1 below and 1 above it; the first candidate that reprices within 5e-7 is the yield (typically 5 to 6 price
+ * evaluations in all). A start of exactly 0 returns 0.0
  * without an error (a price equal to the redemption with no coupon). Arguments and validation as
  * bond_ptm_g1p, with price (above 0, at most 10000: 4002) in place of yld. Errors: 9020 when the solve fails
  * (a degenerate step, a value that is not finite, or 1,000 steps), 4090 when the solve reaches a yield of

@@ -110,8 +110,8 @@ inline double yield_guess(double price, double cpn_rate, double redemptn, int32_
 }
 
 // The yield at which price_at(y) equals price: the shared solver from the guess and one point on either
-// side, tolerance 5e-7 per 100 on the price, polished by one more step (a yield that reprices to about
-// 1e-9). A guess of exactly 1.0 moves to 1.1; a guess of exactly 0 is
+// side, tolerance 5e-7 per 100 on the price (the first candidate that reprices within it is the answer).
+// A guess of exactly 1.0 moves to 1.1; a guess of exactly 0 is
 // the answer (a price equal to the redemption with no coupon).
 template <class PriceAt>
 double solve_yield(double price, double guess, PriceAt price_at, uint32_t* err, SolveStats* stats = nullptr) {
@@ -119,7 +119,7 @@ double solve_yield(double price, double guess, PriceAt price_at, uint32_t* err, 
     if (guess == 0.0) return 0.0;
     const double start[3] = {guess, guess - 1.0, guess + 1.0};
     auto residual = [&](double y, uint32_t* e) { return price - price_at(y, e); };
-    return solve3(start, residual, ResidualBelow{5e-7}, err, stats, true);
+    return solve3(start, residual, ResidualBelow{5e-7}, err, stats);
 }
 
 }  // namespace orvel::bond

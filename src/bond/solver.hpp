@@ -16,9 +16,6 @@
 //   rule of the bond yields (|f| < tolerance); a rule may keep state (a lambda that remembers the last x
 //   compares steps).
 // - Each start point is evaluated in turn and returned as soon as it meets the stop rule.
-// - polish (off by default) takes one more interpolation step from an interpolated answer and keeps it
-//   when its residual is smaller: at the cost of one evaluation the answer lands far inside the tolerance
-//   (a bond yield then reprices to 1e-9 rather than 5e-7). A degenerate polishing step keeps the answer.
 // - The solve fails with 9020 (writes it, returns 0.0) when an interpolation step degenerates (its
 //   denominator below 1e-10), when a candidate or a residual is not finite, or after 1,000 steps without
 //   convergence. It never loops for ever and never touches err_code on success.
@@ -54,20 +51,9 @@ struct SolveStats {
     int steps = 0;
 };
 
-// One more step from the last three points of a converged solve; the better of the two answers.
-template <class Residual>
-double polished(const double (&x)[3], const double (&f)[3], Residual& residual, SolveStats& s) {
-    double next = 0.0;
-    if (f[2] == 0.0 || !interpolate3(x[0], x[1], x[2], f[0], f[1], f[2], &next) || !std::isfinite(next)) return x[2];
-    uint32_t scratch = 0;
-    const double fx = residual(next, &scratch);
-    ++s.evaluations;
-    return scratch == 0 && std::fabs(fx) < std::fabs(f[2]) ? next : x[2];
-}
-
 template <class Residual, class Stop>
 double solve3(const double (&start)[3], Residual&& residual, Stop&& stop, uint32_t* err_code,
-              SolveStats* stats = nullptr, bool polish = false) {
+              SolveStats* stats = nullptr) {
     SolveStats local;
     SolveStats& s = stats != nullptr ? *stats : local;
     double x[3];
@@ -108,7 +94,7 @@ double solve3(const double (&start)[3], Residual&& residual, Stop&& stop, uint32
         x[1] = x[2];
         f[1] = f[2];
         if (!evaluate(next, 2)) return 0.0;
-        if (stop(x[2], f[2])) return polish ? polished(x, f, residual, s) : x[2];
+        if (stop(x[2], f[2])) return x[2];
     }
     s.steps = solver_max_steps;
     *err_code = ORVEL_E_SOLVER;

@@ -127,7 +127,12 @@ TEST(BondSweep, YieldRoundTripAndFlowsAgreeWithThePrice) {
         ASSERT_EQ(err, 0u);
         const double again = py(b, 1, yield, &ai, &err);
         worst_round_trip = std::max(worst_round_trip, std::fabs(again - price));
-        EXPECT_NEAR(again, price, 1e-9);
+        // The solve stops at the first yield that reprices within 5e-7 per 100; that yield must also bracket
+        // the true root: a hundredth of a basis point either side moves the price across the given one.
+        EXPECT_NEAR(again, price, 5e-7);
+        const double above = py(b, 1, yield + 1e-4, &ai, &err);
+        const double below = py(b, 1, yield - 1e-4, &ai, &err);
+        EXPECT_TRUE(above < price && price < below) << below << " " << price << " " << above;
         // the listed flows, discounted one at a time
         const Listed l = flows_of(b);
         EXPECT_EQ(l.ai, ai);
