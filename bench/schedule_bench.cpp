@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "calendar/civil.hpp"
+#include "core/civil.hpp"
 #include "orvel/orvel.h"
 
 namespace {

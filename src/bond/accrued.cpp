@@ -2,7 +2,7 @@
 #include "bond/accrued.hpp"
 
 #include "bond/dates.hpp"
-#include "frame/check.hpp"
+#include "core/check.hpp"
 #include "orvel/bond.h"
 #include "orvel/calendar.h"
 #include "orvel/schedule.h"

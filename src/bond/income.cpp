@@ -1,8 +1,8 @@
 // Income measures on the reduced schedule: current yield and income to maturity with reinvestment.
 #include <cmath>
 
-#include "frame/check.hpp"
-#include "frame/validators.hpp"
+#include "core/check.hpp"
+#include "core/validators.hpp"
 #include "orvel/bond.h"
 
 ORVEL_EXPORT(double) bond_cur_yld(double cpn_rate, double price, double tax1) {

@@ -2,8 +2,8 @@
 #include "bond/kernels.hpp"
 
 #include "bond/solver.hpp"
-#include "frame/check.hpp"
-#include "frame/validators.hpp"
+#include "core/check.hpp"
+#include "core/validators.hpp"
 #include "orvel/bond.h"
 
 namespace {

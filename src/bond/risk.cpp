@@ -5,7 +5,7 @@
 #include "bond/dates.hpp"
 #include "bond/kernels.hpp"
 #include "bond/price_yield.hpp"
-#include "frame/check.hpp"
+#include "core/check.hpp"
 #include "orvel/bond.h"
 
 namespace {

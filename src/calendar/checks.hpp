@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "frame/check.hpp"
+#include "core/check.hpp"
 #include "orvel/frame.h"
 
 namespace orvel::cal {

@@ -1,6 +1,6 @@
 // Date comparison through the day count of a convention: under 30/360 the 30th and 31st are one day.
 #include "calendar/day_count.hpp"
-#include "frame/check.hpp"
+#include "core/check.hpp"
 #include "orvel/calendar.h"
 
 namespace {

@@ -2,8 +2,8 @@
 // maintenance of a list of dated amounts by merging and deleting.
 #include <utility>
 
-#include "calendar/civil.hpp"
-#include "frame/check.hpp"
+#include "core/civil.hpp"
+#include "core/check.hpp"
 #include "orvel/calendar.h"
 
 namespace cal = orvel::cal;

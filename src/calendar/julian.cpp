@@ -1,6 +1,6 @@
 // Julian day numbers, day of week and day of year.
-#include "calendar/civil.hpp"
-#include "frame/check.hpp"
+#include "core/civil.hpp"
+#include "core/check.hpp"
 #include "orvel/calendar.h"
 
 namespace cal = orvel::cal;

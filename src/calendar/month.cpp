@@ -1,5 +1,5 @@
 // Leap years and month ends of the Gregorian calendar.
-#include "calendar/civil.hpp"
+#include "core/civil.hpp"
 #include "orvel/calendar.h"
 
 ORVEL_EXPORT(int32_t) is_leap_year(int32_t y) { return orvel::cal::leap(y) ? 1 : 0; }

@@ -1,10 +1,10 @@
 // Moving dates by days, months, coupon periods and (fractional) years.
 #include <cmath>
 
-#include "calendar/civil.hpp"
+#include "core/civil.hpp"
 #include "calendar/day_count.hpp"
 #include "calendar/years.hpp"
-#include "frame/check.hpp"
+#include "core/check.hpp"
 #include "orvel/calendar.h"
 
 namespace cal = orvel::cal;

@@ -1,7 +1,7 @@
 // Year bases: the days in the year that a convention divides by, and the ISDA year fraction.
-#include "calendar/civil.hpp"
+#include "core/civil.hpp"
 #include "calendar/day_count.hpp"
-#include "frame/check.hpp"
+#include "core/check.hpp"
 #include "orvel/calendar.h"
 
 namespace cal = orvel::cal;

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "calendar/civil.hpp"
+#include "core/civil.hpp"
 
 namespace orvel::cal {
 

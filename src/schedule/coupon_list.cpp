@@ -1,5 +1,5 @@
 // Every coupon date still to come, written into the caller's arrays.
-#include "frame/check.hpp"
+#include "core/check.hpp"
 #include "orvel/calendar.h"
 #include "orvel/schedule.h"
 #include "schedule/periods.hpp"

@@ -5,7 +5,7 @@
 
 #include "orvel/calendar.h"
 #include "orvel/schedule.h"
-#include "frame/check.hpp"
+#include "core/check.hpp"
 
 namespace orvel::schedule {
 

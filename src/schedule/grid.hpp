@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <limits>
 
-#include "calendar/civil.hpp"
-#include "frame/validators.hpp"
+#include "core/civil.hpp"
+#include "core/validators.hpp"
 
 namespace orvel::schedule {
 

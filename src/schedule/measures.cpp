@@ -1,6 +1,6 @@
 // Distances measured in coupon periods on a regular schedule: fractional periods and years between two
 // dates, and the coupon interest earned over a holding.
-#include "frame/check.hpp"
+#include "core/check.hpp"
 #include "orvel/calendar.h"
 #include "orvel/schedule.h"
 #include "schedule/periods.hpp"

@@ -1,7 +1,7 @@
 // The day counts of an odd first or odd last coupon period, measured against the regular period that the
 // odd one replaces (the quasi-coupon period ending at the first coupon, or starting at the last regular
 // coupon), so that dr / dp is the part of a regular coupon still to run.
-#include "frame/check.hpp"
+#include "core/check.hpp"
 #include "orvel/calendar.h"
 #include "orvel/schedule.h"
 #include "schedule/periods.hpp"

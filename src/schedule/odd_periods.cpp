@@ -1,6 +1,6 @@
 // Coupon dates of a bond with an odd first period (dated -> first coupon) and an odd last period (last
 // regular coupon -> maturity); the regular schedule between them is anchored on the last regular coupon.
-#include "frame/check.hpp"
+#include "core/check.hpp"
 #include "orvel/calendar.h"
 #include "orvel/schedule.h"
 #include "schedule/periods.hpp"

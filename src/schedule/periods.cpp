@@ -1,7 +1,7 @@
 // Coupon dates, period counts and the day counts of the current period of a regular schedule.
 #include "schedule/periods.hpp"
 
-#include "frame/check.hpp"
+#include "core/check.hpp"
 #include "orvel/calendar.h"
 #include "orvel/schedule.h"
 

@@ -7,7 +7,7 @@
 #include <ostream>
 #include <vector>
 
-#include "calendar/civil.hpp"
+#include "core/civil.hpp"
 #include "orvel/orvel.h"
 
 namespace schedule_testing {

@@ -1,6 +1,6 @@
 // Validators of mortgage terms and of months and days counted within a term. A pair of numbers ending in
 // 01 and 02 says on which side the value left its range: 01 below the lower bound, 02 above the upper.
-#include "frame/validators.hpp"
+#include "core/validators.hpp"
 #include "orvel/frame.h"
 
 using orvel::Check;

@@ -1,6 +1,6 @@
 // Validators of single amounts, rates and given values. Every test is written so that NaN and the two
 // infinities fail it with the validator's own number.
-#include "frame/validators.hpp"
+#include "core/validators.hpp"
 #include "orvel/frame.h"
 
 using orvel::Check;

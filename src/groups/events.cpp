@@ -1,6 +1,6 @@
 // Validators of the dates around a trade: trade date, ex-dividend dates, early redemption, and the
 // floating-rate and sinking-fund inputs that carry lists of dates.
-#include "frame/validators_dates.hpp"
+#include "groups/dates.hpp"
 #include "orvel/schedule.h"
 
 using orvel::Check;

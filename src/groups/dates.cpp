@@ -1,7 +1,7 @@
 // The date groups of coupon securities. They all follow the coupon-bond pattern: conventions, maturity and
 // settlement required, the dated date probed as optional, the first coupon date required only when the
 // dated date starts an odd period, blank ones filled with the regular schedule, then the order of the dates.
-#include "frame/validators_dates.hpp"
+#include "groups/dates.hpp"
 
 #include "orvel/schedule.h"
 

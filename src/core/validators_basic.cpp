@@ -1,8 +1,8 @@
 // The validators of a single date, of the convention codes every calculation takes, and of the small
 // integer counts and codes (weekdays, days, flags).
-#include "frame/defaults.hpp"
-#include "frame/validators.hpp"
-#include "orvel/calendar.h"
+#include "core/defaults.hpp"
+#include "core/validators.hpp"
+#include "core/civil.hpp"
 #include "orvel/frame.h"
 
 using orvel::Check;
@@ -12,7 +12,7 @@ ORVEL_EXPORT(int32_t) ok_MDY(int32_t m, int32_t d, int32_t y, int32_t required, 
     // The day is checked before the year, against the year as given.
     return Check(err_code)
         .expect(m >= 1 && m <= 12, ORVEL_E_MONTH)
-        .expect(d >= 1 && d <= last_dom(m, y), ORVEL_E_DAY)
+        .expect(d >= 1 && d <= orvel::cal::month_end(m, y), ORVEL_E_DAY)
         .expect(y >= 1800 && y <= 2300, ORVEL_E_YEAR)
         .ok();
 }

@@ -2,7 +2,7 @@
 // frequency, the given_type selector (1 a yield, 2 a price), the given value, the coupon rate, the dates
 // of the family (on copies: the defaults a date group supplies stay inside the check), the redemption
 // value, then the tax rates with their positions (4301, 4302).
-#include "frame/validators_dates.hpp"
+#include "groups/dates.hpp"
 
 using orvel::Check;
 using orvel::Date;

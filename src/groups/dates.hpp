@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "frame/validators.hpp"
+#include "core/validators.hpp"
 #include "orvel/calendar.h"
 #include "orvel/frame.h"
 

@@ -1,7 +1,7 @@
 // Rounding of results to a market's quoted places, and the handle-and-ticks form of prices.
 #include <cmath>
 
-#include "frame/check.hpp"
+#include "core/check.hpp"
 #include "orvel/frame.h"
 
 ORVEL_EXPORT(double) d_trunc_rnd(double num, int32_t places, int32_t rnd) {

@@ -1,6 +1,6 @@
 // The market conventions of each security type. The knowledge lives in the branches: one function per
 // convention slot maps a market code to its default, or to kNone when that market sets no default there.
-#include "frame/defaults.hpp"
+#include "core/defaults.hpp"
 
 #include "orvel/frame.h"
 

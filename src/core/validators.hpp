@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <limits>
 
-#include "frame/check.hpp"
+#include "core/check.hpp"
 
 namespace orvel {
 

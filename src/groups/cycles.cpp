@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "frame/validators_dates.hpp"
+#include "groups/dates.hpp"
 
 using orvel::Check;
 using orvel::Date;
