@@ -480,8 +480,8 @@ ORVEL_EXPORT(int32_t) ok_jpgb_d_ol(int32_t settle_m, int32_t settle_d, int32_t s
 /* Two dates on one coupon cycle. With validate: date1 before date2 (is_MDYltMDY with validation: the
  * ok_MDY numbers, 2100) and ok_cpn_freq. The days of month must match, a month end counting as 99 under
  * eom; a last day of February also matches any later day (2/28 with 8/31). The month numbers must differ
- * by a multiple of 12 / cpn_freq (years do not enter; a frequency below 1 counts as 1, above 12 as 12).
- * Otherwise 2200. */
+ * by a multiple of 12 / cpn_freq (years do not enter; a frequency below 1 counts as 1; above 12 the periods
+ * have no months, as in the schedule, and only the same month matches). Otherwise 2200. */
 ORVEL_EXPORT(int32_t) ok_cpn_sync(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t d2, int32_t y2, int32_t eom,
                                   int32_t cpn_freq, int32_t validate, uint32_t* err_code);
 

@@ -26,12 +26,17 @@ inline bool valid_face(double face_k) { return face_k >= 0.0 && face_k <= 1.7976
 
 // The accrued interest at settlement, with the schedule numbers in *out. Blank dated and first coupon
 // dates take the defaults of default_first_period. Validates nothing.
-double reduce(const Mdy& settle, const Mdy& mat, Mdy dated, Mdy first_cpn, double cpn_rate, int32_t day_type,
+double reduce(const Date& settle, const Date& mat, Date dated, Date first_cpn, double cpn_rate, int32_t day_type,
               int32_t eom, int32_t cpn_freq, Reduced* out);
 
 // The date group of a coupon bond (ok_bond_MDYs): writes the defaults of blank dated and first coupon
 // dates back, and its number on failure.
-bool valid_bond_dates(Mdy settle, Mdy mat, Mdy* dated, Mdy* first_cpn, int32_t day_type, int32_t eom,
+bool valid_bond_dates(Date settle, Date mat, Date* dated, Date* first_cpn, int32_t day_type, int32_t eom,
                       int32_t cpn_freq, uint32_t* err_code);
+
+// bond_ai: the conventions and the date group checked when validate is set (blank dated and first coupon
+// dates then take the group's defaults), then the reduction.
+double accrued(Date settle, Date mat, Date dated, Date first_cpn, double cpn_rate, int32_t day_type, int32_t eom,
+               int32_t cpn_freq, int32_t validate, Reduced* out, uint32_t* err_code);
 
 }  // namespace orvel::bond

@@ -4,41 +4,37 @@
 #include "bond/dates.hpp"
 #include "bond/kernels.hpp"
 #include "core/check.hpp"
+#include "groups/dates.hpp"
 #include "orvel/bond.h"
-#include "orvel/calendar.h"
-#include "orvel/schedule.h"
+#include "schedule/odd_periods.hpp"
 
 namespace {
 
-using orvel::bond::Mdy;
+using orvel::Date;
 
 struct Coupons {
-    Mdy previous, next;
+    Date previous, next;
 };
 
 // The coupon period that contains a date, on the bond's own schedule (odd first period included).
-Coupons coupons_around(const Mdy& date, const Mdy& mat, Mdy dated, Mdy first_cpn, int32_t day_type, int32_t eom,
-                       int32_t cpn_freq) {
+Coupons coupons_around(const Date& date, const Date& mat, Date dated, Date first_cpn, int32_t eom, int32_t cpn_freq) {
     orvel::bond::default_first_period(mat, &dated, &first_cpn, cpn_freq, eom);
-    Coupons c{};
-    uint32_t scratch = 0;
-    per_cpn_MDYs(date.m, date.d, date.y, mat.m, mat.d, mat.y, dated.m, dated.d, dated.y, first_cpn.m, first_cpn.d,
-                 first_cpn.y, 0, 0, 0, day_type, eom, cpn_freq, &c.previous.m, &c.previous.d, &c.previous.y,
-                 &c.next.m, &c.next.d, &c.next.y, 0, &scratch);
-    return c;
+    const auto b = orvel::schedule::odd_period_of(date, {mat, dated, first_cpn, Date{0, 0, 0}, eom, cpn_freq});
+    return {b.pcd, b.ncd};
 }
 
 // A bond seen from any date: bond_ai there, giving the accrued interest and the next coupon.
 struct BondTerms {
-    Mdy mat, dated, first_cpn;
+    Date mat, dated, first_cpn;
     double cpn_rate;
     int32_t day_type, eom, cpn_freq;
 
-    double accrued_at(const Mdy& at, int32_t validate, double* cpn_amt, uint32_t* err) const {
-        double nxt_frac = 0.0;
-        int32_t n_after = 0;
-        return bond_ai(at.m, at.d, at.y, mat.m, mat.d, mat.y, dated.m, dated.d, dated.y, first_cpn.m, first_cpn.d,
-                       first_cpn.y, cpn_rate, day_type, eom, cpn_freq, &nxt_frac, cpn_amt, &n_after, validate, err);
+    double accrued_at(const Date& at, int32_t validate, double* cpn_amt, uint32_t* err) const {
+        orvel::bond::Reduced r;
+        const double ai = orvel::bond::accrued(at, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, validate,
+                                               &r, err);
+        *cpn_amt = r.cpn_amt;
+        return ai;
     }
 };
 
@@ -70,19 +66,18 @@ ORVEL_EXPORT(double) bond_ex_ai(int32_t trade_m, int32_t trade_d, int32_t trade_
                               validate, &err);
     if (err != 0) return orvel::bond::fail_price(err_code, err);
     if (ex_type == 0) return ai;
-    const Mdy settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
-    const Mdy exdiv{exdiv_m, exdiv_d, exdiv_y};
-    const Coupons around = coupons_around(exdiv, mat, Mdy{dated_m, dated_d, dated_y},
-                                          Mdy{first_cpn_m, first_cpn_d, first_cpn_y}, day_type, eom, cpn_freq);
+    const Date settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
+    const Date exdiv{exdiv_m, exdiv_d, exdiv_y};
+    const Coupons around = coupons_around(exdiv, mat, Date{dated_m, dated_d, dated_y},
+                                          Date{first_cpn_m, first_cpn_d, first_cpn_y}, eom, cpn_freq);
     if (ex_type != 1 && ex_type != 2) return orvel::bond::fail_price(err_code, ORVEL_E_EX_TYPE);
-    const Mdy test = ex_type == 1 ? settle : Mdy{trade_m, trade_d, trade_y};
+    const Date test = ex_type == 1 ? settle : Date{trade_m, trade_d, trade_y};
     const bool ex_dividend = orvel::bond::days_between(exdiv, test, orvel::bond::actual_days) >= 0 &&
                              orvel::bond::days_between(settle, around.next, orvel::bond::actual_days) > 0;
     if (!ex_dividend) return ai;
     // The buyer pays back the interest from settlement to the coupon the seller receives: by days over a
     // 365-day year where the basis has one, else as the accrued interest less the whole coupon.
-    uint32_t scratch = 0;
-    if (is_dt_dn_365(day_type, 0, &scratch) != 0)
+    if (orvel::cal::fixed_year_basis(day_type) == 365)
         return -static_cast<double>(orvel::bond::days_between(settle, around.next, day_type)) * cpn_rate * one_365th;
     return ai - *cpn_amt;
 }
@@ -97,7 +92,7 @@ ORVEL_EXPORT(double) bond_fpi(int32_t day_type, int32_t eom, int32_t cpn_freq, d
                          cpn_rate, day_type, eom, cpn_freq};
     double cpn_amt = 0.0;
     uint32_t err = 0;
-    bond.accrued_at(Mdy{settle_m, settle_d, settle_y}, validate, &cpn_amt, &err);
+    bond.accrued_at(Date{settle_m, settle_d, settle_y}, validate, &cpn_amt, &err);
     if (err != 0) return orvel::bond::fail_price(err_code, err);
     return holding(cpn_amt, face_k);
 }
@@ -116,10 +111,10 @@ ORVEL_EXPORT(double) bond_td_ai(int32_t trade_m, int32_t trade_d, int32_t trade_
                               first_cpn_m, first_cpn_d, first_cpn_y, cpn_rate, day_type, eom, cpn_freq, nxt_frac,
                               cpn_amt, n_after, validate, &err);
     if (err != 0) return orvel::bond::fail_price(err_code, err);
-    const Mdy trade{trade_m, trade_d, trade_y};
-    const Coupons around = coupons_around(Mdy{settle_m, settle_d, settle_y}, Mdy{mat_m, mat_d, mat_y},
-                                          Mdy{dated_m, dated_d, dated_y}, Mdy{first_cpn_m, first_cpn_d, first_cpn_y},
-                                          day_type, eom, cpn_freq);
+    const Date trade{trade_m, trade_d, trade_y};
+    const Coupons around = coupons_around(Date{settle_m, settle_d, settle_y}, Date{mat_m, mat_d, mat_y},
+                                          Date{dated_m, dated_d, dated_y}, Date{first_cpn_m, first_cpn_d, first_cpn_y},
+                                          eom, cpn_freq);
     if (orvel::bond::days_between(trade, around.previous, orvel::bond::actual_days) <= 0) return ai;
     // A coupon fell between trade and settlement: the buyer also owes the coupon of the trade's period.
     return ai + bond_fpi(day_type, eom, cpn_freq, cpn_rate, trade_m, trade_d, trade_y, mat_m, mat_d, mat_y, dated_m,
@@ -135,7 +130,7 @@ ORVEL_EXPORT(double) bond_1di(int32_t day_type, int32_t eom, int32_t cpn_freq, d
     if (dated_m != 0 && settle_m == dated_m && settle_d == dated_d && settle_y == dated_y) return 0.0;
     const BondTerms bond{{mat_m, mat_d, mat_y}, {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y},
                          cpn_rate, day_type, eom, cpn_freq};
-    const Mdy settle{settle_m, settle_d, settle_y};
+    const Date settle{settle_m, settle_d, settle_y};
     double cpn_amt = 0.0;
     uint32_t err = 0;
     const double today = bond.accrued_at(settle, validate, &cpn_amt, &err);
@@ -155,16 +150,14 @@ ORVEL_EXPORT(double) bond_pip(int32_t day_type, int32_t eom, int32_t cpn_freq, d
     if (validate != 0 && !orvel::bond::valid_face(face_k)) return orvel::bond::fail_price(err_code, ORVEL_E_FACE);
     const BondTerms bond{{mat_m, mat_d, mat_y}, {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y},
                          cpn_rate, day_type, eom, cpn_freq};
-    Mdy settle{settle_m, settle_d, settle_y};
+    Date settle{settle_m, settle_d, settle_y};
     // At maturity the period is the last one: look at it from inside.
     if (orvel::bond::days_between(settle, bond.mat, day_type) == 0) settle = orvel::bond::step_days(settle, -2);
     double cpn_amt = 0.0;
     uint32_t err = 0;
     bond.accrued_at(settle, validate, &cpn_amt, &err);
     if (err != 0) return orvel::bond::fail_price(err_code, err);
-    uint32_t scratch = 0;
-    const bool on_coupon_date = ok_cpn_sync(settle.m, settle.d, settle.y, mat_m, mat_d, mat_y, eom, cpn_freq, 0,
-                                            &scratch) != 0;
+    const bool on_coupon_date = orvel::same_cycle(settle, bond.mat, eom, cpn_freq);
     const bool is_dated = settle.m == dated_m && settle.d == dated_d && settle.y == dated_y;
     if (on_coupon_date && !is_dated) {
         // Report the coupon paid on settlement, i.e. the one of the period that ends there.

@@ -8,11 +8,11 @@
 
 namespace {
 
-using orvel::bond::Mdy;
+using orvel::Date;
 using orvel::bond::Reduced;
 
 struct Flow {
-    Mdy date;
+    Date date;
     double coupon;     // per 100
     double principal;  // per 100, non-zero at maturity only
     double time;       // coupon periods from settlement
@@ -23,7 +23,7 @@ struct Flow {
 // back from maturity (never from the previous coupon), except an odd first coupon's, which is its own.
 class Flows {
 public:
-    Flows(const Mdy& settle, const Mdy& mat, Mdy dated, Mdy first_cpn, const Reduced& r, double cpn_rate,
+    Flows(const Date& settle, const Date& mat, Date dated, Date first_cpn, const Reduced& r, double cpn_rate,
           double redemptn, int32_t cpn_freq, int32_t eom)
         : mat_(mat), r_(r), cpn_rate_(cpn_rate), redemptn_(redemptn), cpn_freq_(cpn_freq), eom_(eom) {
         orvel::bond::default_first_period(mat, &dated, &first_cpn, cpn_freq, eom);
@@ -49,8 +49,8 @@ public:
     }
 
 private:
-    Mdy mat_;
-    Mdy first_cpn_{};
+    Date mat_;
+    Date first_cpn_{};
     Reduced r_;
     double cpn_rate_, redemptn_;
     int32_t cpn_freq_, eom_;
@@ -68,7 +68,7 @@ bool fits(int32_t n, int32_t capacity, int32_t* count, uint32_t* err_code) {
 // Reduces the bond, lists its flows when they fit in capacity: the dates into cf_m, cf_d, cf_y and the
 // amounts through amounts(k, flow). Returns the number of flows, or -1 with the error written.
 template <class Amounts>
-int32_t list_flows(const Mdy& settle, const Mdy& mat, const Mdy& dated, const Mdy& first_cpn, double cpn_rate,
+int32_t list_flows(const Date& settle, const Date& mat, const Date& dated, const Date& first_cpn, double cpn_rate,
                    int32_t day_type, int32_t eom, int32_t cpn_freq, double redemptn, int32_t capacity, int32_t* cf_m,
                    int32_t* cf_d, int32_t* cf_y, int32_t* count, double* accrued, uint32_t* err_code,
                    Amounts amounts) {
@@ -89,8 +89,8 @@ int32_t list_flows(const Mdy& settle, const Mdy& mat, const Mdy& dated, const Md
 
 using orvel::bond::holding;
 
-bool valid_bond(double cpn_rate, int32_t day_type, int32_t eom, int32_t cpn_freq, const Mdy& settle, const Mdy& mat,
-                Mdy dated, Mdy first_cpn, double redemptn, double face_k, uint32_t* err_code) {
+bool valid_bond(double cpn_rate, int32_t day_type, int32_t eom, int32_t cpn_freq, const Date& settle, const Date& mat,
+                Date dated, Date first_cpn, double redemptn, double face_k, uint32_t* err_code) {
     return orvel::Check(err_code)
         .call(0, ok_cpn_rate, cpn_rate)
         .call(0, ok_day_type, day_type)
@@ -111,8 +111,8 @@ ORVEL_EXPORT(int32_t) bond_flows(int32_t day_type, int32_t eom, int32_t cpn_freq
                                  int32_t first_cpn_d, int32_t first_cpn_y, double redemptn, int32_t capacity,
                                  int32_t* cf_m, int32_t* cf_d, int32_t* cf_y, double* amts, double* times,
                                  int32_t* count, double* ai, int32_t validate, uint32_t* err_code) {
-    const Mdy settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
-    const Mdy dated{dated_m, dated_d, dated_y}, first_cpn{first_cpn_m, first_cpn_d, first_cpn_y};
+    const Date settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
+    const Date dated{dated_m, dated_d, dated_y}, first_cpn{first_cpn_m, first_cpn_d, first_cpn_y};
     if (validate != 0 &&
         !valid_bond(cpn_rate, day_type, eom, cpn_freq, settle, mat, dated, first_cpn, redemptn, 0.0, err_code))
         return 0;
@@ -133,8 +133,8 @@ ORVEL_EXPORT(int32_t) bond_cfs(int32_t day_type, int32_t eom, int32_t cpn_freq, 
                                int32_t first_cpn_d, int32_t first_cpn_y, double redemptn, double face_k,
                                int32_t capacity, int32_t* cf_m, int32_t* cf_d, int32_t* cf_y, double* amts,
                                int32_t* count, double* ai, int32_t validate, uint32_t* err_code) {
-    const Mdy settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
-    const Mdy dated{dated_m, dated_d, dated_y}, first_cpn{first_cpn_m, first_cpn_d, first_cpn_y};
+    const Date settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
+    const Date dated{dated_m, dated_d, dated_y}, first_cpn{first_cpn_m, first_cpn_d, first_cpn_y};
     if (validate != 0 &&
         !valid_bond(cpn_rate, day_type, eom, cpn_freq, settle, mat, dated, first_cpn, redemptn, face_k, err_code))
         return 0;
@@ -154,8 +154,8 @@ ORVEL_EXPORT(int32_t) bond_ifs_pfs(int32_t method, int32_t day_type, int32_t eom
                                    int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double face_k,
                                    int32_t capacity, int32_t* cf_m, int32_t* cf_d, int32_t* cf_y, double* int_flows,
                                    double* prin_flows, int32_t* count, int32_t validate, uint32_t* err_code) {
-    const Mdy settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
-    Mdy dated{dated_m, dated_d, dated_y}, first_cpn{first_cpn_m, first_cpn_d, first_cpn_y};
+    const Date settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
+    Date dated{dated_m, dated_d, dated_y}, first_cpn{first_cpn_m, first_cpn_d, first_cpn_y};
     if (validate != 0 && !orvel::Check(err_code)
                               .expect(orvel::bond::known_method(method), ORVEL_E_SEC_TYPE)
                               .step([&](uint32_t* e) {

@@ -12,14 +12,14 @@ bool known_method(int32_t method) { return method >= 1 && method <= 8 && method 
 
 bool ignores_odd_first(int32_t method) { return method == 3 || method == 6 || method == 8; }
 
-Mdy in_year(Mdy a, int32_t year) {
+Date in_year(Date a, int32_t year) {
     a.y = year;
     // 29 February has no 1901 or 1902: the month's last day stands in for it.
-    if (a.m >= 1 && a.m <= 12 && a.d > last_dom(a.m, year)) a.d = last_dom(a.m, year);
+    if (a.m >= 1 && a.m <= 12 && a.d > orvel::cal::month_end(a.m, year)) a.d = orvel::cal::month_end(a.m, year);
     return a;
 }
 
-void regular_dates(const Mdy& mat, Mdy* dated, Mdy* first_cpn, int32_t cpn_freq, int32_t eom) {
+void regular_dates(const Date& mat, Date* dated, Date* first_cpn, int32_t cpn_freq, int32_t eom) {
     // A dated date in 1901 and a first coupon in 1902 put every later settlement on the regular schedule:
     // the odd first coupon is ignored.
     default_first_period(mat, dated, first_cpn, cpn_freq, eom);
@@ -27,7 +27,7 @@ void regular_dates(const Mdy& mat, Mdy* dated, Mdy* first_cpn, int32_t cpn_freq,
     *first_cpn = in_year(*first_cpn, 1902);
 }
 
-double reduce_for_method(int32_t method, const Mdy& settle, const Mdy& mat, Mdy dated, Mdy first_cpn,
+double reduce_for_method(int32_t method, const Date& settle, const Date& mat, Date dated, Date first_cpn,
                          double cpn_rate, int32_t day_type, int32_t eom, int32_t cpn_freq, Reduced* out) {
     if (ignores_odd_first(method)) regular_dates(mat, &dated, &first_cpn, cpn_freq, eom);
     return reduce(settle, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, out);
@@ -63,13 +63,14 @@ ORVEL_EXPORT(void) bond_py_ai(int32_t method, int32_t day_type, int32_t eom, int
                               double redemptn, double tax1, double tax2, double* result, double* ai, int32_t validate,
                               uint32_t* err_code) {
     using namespace orvel::bond;
+    using orvel::Date;
     if (validate != 0 &&
         !ok_bond_in(day_type, eom, cpn_freq, calc_type, given, cpn_rate, settle_m, settle_d, settle_y, mat_m, mat_d,
                     mat_y, dated_m, dated_d, dated_y, first_cpn_m, first_cpn_d, first_cpn_y, redemptn, tax1, tax2,
                     err_code))
         return;
-    const Mdy settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
-    const Mdy dated{dated_m, dated_d, dated_y}, first_cpn{first_cpn_m, first_cpn_d, first_cpn_y};
+    const Date settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
+    const Date dated{dated_m, dated_d, dated_y}, first_cpn{first_cpn_m, first_cpn_d, first_cpn_y};
     Reduced r;
     double accrued = reduce(settle, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, &r);
     *ai = accrued;

@@ -17,10 +17,10 @@ bool ignores_odd_first(int32_t method);
 
 // The dated and first coupon dates of methods 3, 6 and 8: blank ones defaulted, then moved to 1901 and 1902
 // (month and day kept, 29 February as 28).
-void regular_dates(const Mdy& mat, Mdy* dated, Mdy* first_cpn, int32_t cpn_freq, int32_t eom);
+void regular_dates(const Date& mat, Date* dated, Date* first_cpn, int32_t cpn_freq, int32_t eom);
 
 // The reduction a method prices on (the regular one for methods 3, 6 and 8). Validates nothing.
-double reduce_for_method(int32_t method, const Mdy& settle, const Mdy& mat, Mdy dated, Mdy first_cpn,
+double reduce_for_method(int32_t method, const Date& settle, const Date& mat, Date dated, Date first_cpn,
                          double cpn_rate, int32_t day_type, int32_t eom, int32_t cpn_freq, Reduced* out);
 
 // Clean price at yld, or the yield of a clean price, on a reduced schedule (taxes as the kernels read them).

@@ -10,7 +10,7 @@
 
 namespace {
 
-using orvel::bond::Mdy;
+using orvel::Date;
 using orvel::bond::Reduced;
 using orvel::bond::max_walk_periods;
 
@@ -56,7 +56,7 @@ struct Measured {
 };
 
 bool measure(double price, double yld, double cpn_rate, double redemptn, int32_t day_type, int32_t eom,
-             int32_t cpn_freq, const Mdy& settle, const Mdy& mat, const Mdy& dated, const Mdy& first_cpn,
+             int32_t cpn_freq, const Date& settle, const Date& mat, const Date& dated, const Date& first_cpn,
              int32_t validate, uint32_t* err_code, Measured* out) {
     if (validate != 0 && !orvel::Check(err_code)
                               .call(0, ok_given, yld, 1)
@@ -65,9 +65,7 @@ bool measure(double price, double yld, double cpn_rate, double redemptn, int32_t
                               .ok())
         return false;
     uint32_t err = 0;
-    bond_ai(settle.m, settle.d, settle.y, mat.m, mat.d, mat.y, dated.m, dated.d, dated.y, first_cpn.m, first_cpn.d,
-            first_cpn.y, cpn_rate, day_type, eom, cpn_freq, &out->r.nxt_frac, &out->r.cpn_amt, &out->r.n_after,
-            validate, &err);
+    orvel::bond::accrued(settle, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, validate, &out->r, &err);
     if (err != 0) return orvel::fail(err_code, err);
     if (out->r.nxt_frac == 0.0 && out->r.n_after == 0) {
         out->nothing_left = true;
@@ -87,8 +85,8 @@ ORVEL_EXPORT(void) bond_dur(double price, double yld, double cpn_rate, double re
                             int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double* mac_dur,
                             double* mod_dur, int32_t validate, uint32_t* err_code) {
     Measured s;
-    if (!measure(price, yld, cpn_rate, redemptn, day_type, eom, cpn_freq, Mdy{settle_m, settle_d, settle_y},
-                 Mdy{mat_m, mat_d, mat_y}, Mdy{dated_m, dated_d, dated_y}, Mdy{first_cpn_m, first_cpn_d, first_cpn_y},
+    if (!measure(price, yld, cpn_rate, redemptn, day_type, eom, cpn_freq, Date{settle_m, settle_d, settle_y},
+                 Date{mat_m, mat_d, mat_y}, Date{dated_m, dated_d, dated_y}, Date{first_cpn_m, first_cpn_d, first_cpn_y},
                  validate, err_code, &s))
         return;
     if (s.nothing_left) {
@@ -109,8 +107,8 @@ ORVEL_EXPORT(double) bond_cvx(double price, double yld, double cpn_rate, double 
                               int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, int32_t validate,
                               uint32_t* err_code) {
     Measured s;
-    if (!measure(price, yld, cpn_rate, redemptn, day_type, eom, cpn_freq, Mdy{settle_m, settle_d, settle_y},
-                 Mdy{mat_m, mat_d, mat_y}, Mdy{dated_m, dated_d, dated_y}, Mdy{first_cpn_m, first_cpn_d, first_cpn_y},
+    if (!measure(price, yld, cpn_rate, redemptn, day_type, eom, cpn_freq, Date{settle_m, settle_d, settle_y},
+                 Date{mat_m, mat_d, mat_y}, Date{dated_m, dated_d, dated_y}, Date{first_cpn_m, first_cpn_d, first_cpn_y},
                  validate, err_code, &s))
         return 0.0;
     if (s.nothing_left) return 0.0;
@@ -163,8 +161,8 @@ ORVEL_EXPORT(void) bond_risk(int32_t sec_type, int32_t day_type, int32_t eom, in
         return;
     }
     Reduced r;
-    const double accrued = reduce(Mdy{settle_m, settle_d, settle_y}, Mdy{mat_m, mat_d, mat_y},
-                                  Mdy{dated_m, dated_d, dated_y}, Mdy{first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate,
+    const double accrued = reduce(Date{settle_m, settle_d, settle_y}, Date{mat_m, mat_d, mat_y},
+                                  Date{dated_m, dated_d, dated_y}, Date{first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate,
                                   day_type, eom, cpn_freq, &r);
     // Each step runs only while the ones before it succeeded, so the first failure is the one reported.
     uint32_t err = 0;
@@ -204,8 +202,8 @@ ORVEL_EXPORT(double) bond_est_cvx(double yld, double cpn_rate, double redemptn, 
     if (validate != 0 && !orvel::Check(err_code).expect(std::isfinite(shift), ORVEL_E_GIVEN_BASE + 1).ok())
         return 0.0;
     Measured s;
-    if (!measure(0.0, yld, cpn_rate, redemptn, day_type, eom, cpn_freq, Mdy{settle_m, settle_d, settle_y},
-                 Mdy{mat_m, mat_d, mat_y}, Mdy{dated_m, dated_d, dated_y}, Mdy{first_cpn_m, first_cpn_d, first_cpn_y},
+    if (!measure(0.0, yld, cpn_rate, redemptn, day_type, eom, cpn_freq, Date{settle_m, settle_d, settle_y},
+                 Date{mat_m, mat_d, mat_y}, Date{dated_m, dated_d, dated_y}, Date{first_cpn_m, first_cpn_d, first_cpn_y},
                  validate, err_code, &s))
         return 0.0;
     if (s.nothing_left) return 0.0;

@@ -14,7 +14,7 @@ struct DateList {
     int32_t* m;
     int32_t* d;
     int32_t* y;
-    cal::Date at(int32_t i) const { return {m[i], d[i], y[i]}; }
+    orvel::Date at(int32_t i) const { return {m[i], d[i], y[i]}; }
 };
 
 // Index of the first entry that is not a valid required date (with the number of ok_MDY in *number),
@@ -94,7 +94,7 @@ struct ConstAmounts {
     const int32_t* d;
     const int32_t* y;
     const double* amounts;
-    cal::Date at(int32_t i) const { return {m[i], d[i], y[i]}; }
+    orvel::Date at(int32_t i) const { return {m[i], d[i], y[i]}; }
 };
 
 bool strictly_ascending(const int32_t* m, const int32_t* d, const int32_t* y, int32_t count) {
@@ -114,7 +114,7 @@ int64_t new_dates(const Amounts& list, int32_t count, const ConstAmounts& chg, i
     return added;
 }
 
-void put(const Amounts& list, int32_t to, cal::Date date, double amount) {
+void put(const Amounts& list, int32_t to, orvel::Date date, double amount) {
     list.dates.m[to] = date.m;
     list.dates.d[to] = date.d;
     list.dates.y[to] = date.y;
@@ -148,7 +148,7 @@ void merge_from_back(const Amounts& list, int32_t count, int32_t total, const Co
 int32_t remove_dates(const Amounts& list, int32_t count, const ConstAmounts& chg, int32_t chg_count, bool reduce) {
     int32_t kept = 0, j = 0;
     for (int32_t i = 0; i < count; ++i) {
-        const cal::Date date = list.dates.at(i);
+        const orvel::Date date = list.dates.at(i);
         while (j < chg_count && cal::compare(chg.at(j), date) < 0) ++j;
         double amount = list.amounts[i];
         if (j < chg_count && cal::compare(chg.at(j), date) == 0) {

@@ -94,6 +94,10 @@ inline int32_t days_by_type(int32_t day_type, int32_t m1, int32_t d1, int32_t y1
     }
 }
 
+inline int32_t days_by_type(int32_t day_type, Date a, Date b) {
+    return days_by_type(day_type, a.m, a.d, a.y, b.m, b.d, b.y);
+}
+
 constexpr bool is_thirty360(int32_t day_type) {
     return (day_type >= 2 && day_type <= 6) || day_type == 10 || day_type == 11;
 }

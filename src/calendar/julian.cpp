@@ -8,7 +8,7 @@ namespace cal = orvel::cal;
 ORVEL_EXPORT(int32_t) MDY_2_julian(int32_t m, int32_t d, int32_t y) { return static_cast<int32_t>(cal::jdn(m, d, y)); }
 
 ORVEL_EXPORT(int32_t) julian_2_MDY(int32_t julian, int32_t* m, int32_t* d, int32_t* y) {
-    return cal::store(cal::from_jdn(julian), m, d, y);
+    return orvel::store(cal::from_jdn(julian), m, d, y);
 }
 
 ORVEL_EXPORT(int32_t) MDY_2_dow(int32_t m, int32_t d, int32_t y, int32_t validate, uint32_t* err_code) {
@@ -28,5 +28,5 @@ ORVEL_EXPORT(int32_t) doy_2_MDY(int32_t doy, int32_t y, int32_t* m, int32_t* d, 
                          .expect(y >= 1800 && y <= 2300, ORVEL_E_DOY_YEAR)
                          .ok())
         return 0;
-    return cal::store(cal::from_jdn(cal::jdn(1, 1, y) + doy - 1), m, d, y_out);
+    return orvel::store(cal::from_jdn(cal::jdn(1, 1, y) + doy - 1), m, d, y_out);
 }

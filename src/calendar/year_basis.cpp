@@ -8,19 +8,19 @@ namespace cal = orvel::cal;
 
 namespace {
 
-int32_t actual_days(cal::Date a, cal::Date b) { return cal::days_actual(a.m, a.d, a.y, b.m, b.d, b.y); }
+int32_t actual_days(orvel::Date a, orvel::Date b) { return cal::days_actual(a.m, a.d, a.y, b.m, b.d, b.y); }
 
-int32_t year_from(cal::Date a) { return actual_days(a, cal::add_months(a, 12, true)); }
-int32_t year_to(cal::Date a) { return actual_days(cal::add_months(a, -12, true), a); }
+int32_t year_from(orvel::Date a) { return actual_days(a, cal::add_months(a, 12, true)); }
+int32_t year_to(orvel::Date a) { return actual_days(cal::add_months(a, -12, true), a); }
 int32_t calendar_year(int64_t y) { return cal::leap(y) ? 366 : 365; }
 
 // 29 February of year y (when it has one) lies in [a, b].
-bool holds_leap_day(int32_t y, cal::Date a, cal::Date b) {
-    const cal::Date leap_day{2, 29, y};
+bool holds_leap_day(int32_t y, orvel::Date a, orvel::Date b) {
+    const orvel::Date leap_day{2, 29, y};
     return cal::leap(y) && cal::compare(a, leap_day) <= 0 && cal::compare(leap_day, b) <= 0;
 }
 
-int32_t year_by_method(cal::Date d1, cal::Date d2, cal::Date d3, int32_t yr_method) {
+int32_t year_by_method(orvel::Date d1, orvel::Date d2, orvel::Date d3, int32_t yr_method) {
     switch (yr_method) {
     case 1: return year_from(d1);
     case 2: return year_from(d2);
@@ -41,7 +41,7 @@ int32_t year_by_method(cal::Date d1, cal::Date d2, cal::Date d3, int32_t yr_meth
 }
 
 // date1 plays settlement, date3 maturity and date2 (where it is read) the dated date.
-bool act_yr_dates_ok(cal::Date d1, cal::Date d2, cal::Date d3, bool reads_date2, uint32_t* err_code) {
+bool act_yr_dates_ok(orvel::Date d1, orvel::Date d2, orvel::Date d3, bool reads_date2, uint32_t* err_code) {
     orvel::Check check(err_code);
     check.call(ORVEL_ROLE_SETTLE, ok_MDY, d1.m, d1.d, d1.y, 1).call(ORVEL_ROLE_MATURITY, ok_MDY, d3.m, d3.d, d3.y, 1);
     if (reads_date2) check.call(ORVEL_ROLE_DATED, ok_MDY, d2.m, d2.d, d2.y, 1);
@@ -59,7 +59,7 @@ ORVEL_EXPORT(int32_t) days_yrbasis(int32_t m, int32_t d, int32_t y, int32_t day_
 ORVEL_EXPORT(int32_t) days_act_yr(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t d2, int32_t y2,
                                   int32_t m3, int32_t d3, int32_t y3, int32_t yr_method, int32_t validate,
                                   uint32_t* err_code) {
-    const cal::Date a{m1, d1, y1}, b{m2, d2, y2}, c{m3, d3, y3};
+    const orvel::Date a{m1, d1, y1}, b{m2, d2, y2}, c{m3, d3, y3};
     if (validate && !act_yr_dates_ok(a, b, c, yr_method == 2 || yr_method == 6, err_code)) return 0;
     return year_by_method(a, b, c, yr_method);
 }
@@ -67,7 +67,7 @@ ORVEL_EXPORT(int32_t) days_act_yr(int32_t m1, int32_t d1, int32_t y1, int32_t m2
 ORVEL_EXPORT(int32_t) days_actf_yr(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t d2, int32_t y2,
                                    int32_t m3, int32_t d3, int32_t y3, int32_t yr_method, int32_t cpn_freq,
                                    int32_t validate, uint32_t* err_code) {
-    const cal::Date a{m1, d1, y1}, b{m2, d2, y2}, c{m3, d3, y3};
+    const orvel::Date a{m1, d1, y1}, b{m2, d2, y2}, c{m3, d3, y3};
     const bool by_period = yr_method == 11 || yr_method == 12;
     if (validate && !orvel::Check(err_code)
                          .step([&](uint32_t* e) {
@@ -79,7 +79,7 @@ ORVEL_EXPORT(int32_t) days_actf_yr(int32_t m1, int32_t d1, int32_t y1, int32_t m
     if (!by_period) return year_by_method(a, b, c, yr_method);
     // Actual/actual by coupon period: a year is cpn_freq periods as long as the period measured.
     const int64_t periods = cpn_freq < 1 ? 1 : cpn_freq;
-    const cal::Date start = yr_method == 11 ? b : cal::add_months(c, -cal::months_per_period(cpn_freq), true);
+    const orvel::Date start = yr_method == 11 ? b : cal::add_months(c, -cal::months_per_period(cpn_freq), true);
     return cal::narrow(periods * actual_days(start, c));
 }
 
@@ -96,7 +96,7 @@ int64_t leap_years_through(int64_t y) { return y / 4 - y / 100 + y / 400; }
 // Actual/actual ISDA from a to b (a not after b): each calendar year's days over that year's length.
 // The whole years between the first and the last contribute 1 each, so the sum is closed-form; the
 // basis is the common length of the years with days in the period, -1 when they differ.
-double isda_actual(cal::Date a, cal::Date b, int32_t* basis) {
+double isda_actual(orvel::Date a, orvel::Date b, int32_t* basis) {
     if (a.y == b.y) {
         *basis = calendar_year(a.y);
         return static_cast<double>(actual_days(a, b)) / *basis;
@@ -125,7 +125,7 @@ ORVEL_EXPORT(double) isda_dcf(int32_t m1, int32_t d1, int32_t y1, int32_t m2, in
                          .call(0, ok_day_type, day_type)
                          .ok())
         return 0.0;
-    const cal::Date a{m1, d1, y1}, b{m2, d2, y2};
+    const orvel::Date a{m1, d1, y1}, b{m2, d2, y2};
     if (day_type == 1) return cal::compare(a, b) <= 0 ? isda_actual(a, b, basis) : -isda_actual(b, a, basis);
     *basis = days_yrbasis(m2, d2, y2, day_type, 0, err_code);
     if (*basis == 0) return 0.0;

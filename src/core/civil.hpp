@@ -6,6 +6,35 @@
 
 #include <cstdint>
 
+namespace orvel {
+
+// The one date type of the library: month, day and four-digit year, as the exports take them.
+struct Date {
+    int32_t m, d, y;
+};
+
+// The three spellings of a blank (absent) optional date: 0/0/0, 0/0/1900 and 0/0/2000.
+constexpr bool is_blank(Date x) { return x.m == 0 && x.d == 0 && (x.y == 0 || x.y == 1900 || x.y == 2000); }
+
+// Writes a date through the three pointers of an in-place or output date; returns the year.
+inline int32_t store(Date date, int32_t* m, int32_t* d, int32_t* y) {
+    *m = date.m;
+    *d = date.d;
+    *y = date.y;
+    return date.y;
+}
+
+// A date the caller passes as three pointers (changed in place or filled with a default).
+struct DateRef {
+    int32_t* m;
+    int32_t* d;
+    int32_t* y;
+    Date get() const { return {*m, *d, *y}; }
+    void set(Date v) const { store(v, m, d, y); }
+};
+
+}  // namespace orvel
+
 namespace orvel::cal {
 
 // Astronomical Julian Day Number of a Gregorian date (1/1/2000 is 2451545). Division truncates toward
@@ -15,10 +44,6 @@ constexpr int64_t jdn(int64_t m, int64_t d, int64_t y) {
     return d - 32075 + 1461 * (y + 4800 + a) / 4 + 367 * (m - 2 - 12 * a) / 12 -
            3 * ((y + 4900 + a) / 100) / 4;
 }
-
-struct Date {
-    int32_t m, d, y;
-};
 
 // The inverse of jdn: exact for every day number of the years 1800..2300 and far beyond.
 constexpr Date from_jdn(int64_t j) {
@@ -72,20 +97,20 @@ constexpr Date add_months(Date from, int64_t n, bool eom) {
     return to;
 }
 
-// Months in one coupon period; a frequency below 1 is taken as 1 (12 / f truncates: 5 gives 2 months).
+// Months in one coupon period, the one conversion of a frequency to months: a frequency below 1 is taken
+// as 1, 12 / f truncates (5 gives 2 months), and a frequency above 12 has periods of no months (0), which
+// every caller treats as a schedule of its anchor alone.
 constexpr int32_t months_per_period(int32_t cpn_freq) { return cpn_freq < 1 ? 12 : 12 / cpn_freq; }
 
-// Writes a date through the three pointers of an in-place or output date; returns the year.
-inline int32_t store(Date date, int32_t* m, int32_t* d, int32_t* y) {
-    *m = date.m;
-    *d = date.d;
-    *y = date.y;
-    return date.y;
+// The date n coupon periods on (negative n: back), month ends kept under eom.
+constexpr Date add_periods(Date from, int64_t n, int32_t cpn_freq, bool eom) {
+    return add_months(from, n * months_per_period(cpn_freq), eom);
 }
 
-constexpr Date add_days(Date from, int64_t n) { return from_jdn(jdn(from.m, from.d, from.y) + n); }
+constexpr int64_t jdn(Date x) { return jdn(x.m, x.d, x.y); }
+constexpr Date add_days(Date from, int64_t n) { return from_jdn(jdn(from) + n); }
 
 // Ordering of two dates in calendar order (not through a day count).
-constexpr int64_t compare(Date a, Date b) { return jdn(a.m, a.d, a.y) - jdn(b.m, b.d, b.y); }
+constexpr int64_t compare(Date a, Date b) { return jdn(a) - jdn(b); }
 
 }  // namespace orvel::cal

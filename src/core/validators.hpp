@@ -5,14 +5,15 @@
 #include <limits>
 
 #include "core/check.hpp"
+#include "core/civil.hpp"
 
 namespace orvel {
 
 constexpr double kMaxDouble = std::numeric_limits<double>::max();
 
-// The three spellings of a blank date (0/0/0, 0/0/1900, 0/0/2000).
-inline bool is_blank_date(int32_t m, int32_t d, int32_t y) {
-    return m == 0 && d == 0 && (y == 0 || y == 1900 || y == 2000);
+// A date of the calendar: month 1..12, a day of that month, year 1800..2300 (what ok_MDY accepts as given).
+constexpr bool is_valid(Date x) {
+    return x.m >= 1 && x.m <= 12 && x.d >= 1 && x.d <= cal::month_end(x.m, x.y) && x.y >= 1800 && x.y <= 2300;
 }
 
 // An integer convention missing from the call (-1) gets its base plus 1, any other bad value the base.

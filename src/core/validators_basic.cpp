@@ -8,7 +8,7 @@
 using orvel::Check;
 
 ORVEL_EXPORT(int32_t) ok_MDY(int32_t m, int32_t d, int32_t y, int32_t required, uint32_t* err_code) {
-    if (orvel::is_blank_date(m, d, y)) return required == 0 ? 1 : orvel::fail(err_code, ORVEL_E_BLANK);
+    if (orvel::is_blank({m, d, y})) return required == 0 ? 1 : orvel::fail(err_code, ORVEL_E_BLANK);
     // The day is checked before the year, against the year as given.
     return Check(err_code)
         .expect(m >= 1 && m <= 12, ORVEL_E_MONTH)

@@ -12,36 +12,42 @@ using orvel::DateRef;
 
 namespace {
 
-// Months in one coupon period; a frequency below 1 counts as 1, above 12 as 12.
-int32_t months_per_period(int32_t cpn_freq) { return 12 / std::clamp(cpn_freq, 1, 12); }
+using orvel::cal::months_per_period;
 
-// Month numbers a whole number of periods apart (years do not enter).
+// Month numbers a whole number of periods apart (years do not enter); periods of no months (a frequency
+// above 12) never leave their month.
 bool months_in_step(int32_t m1, int32_t m2, int32_t cpn_freq) {
-    return std::llabs(int64_t{m1} - m2) % months_per_period(cpn_freq) == 0;
+    const int32_t per_months = months_per_period(cpn_freq);
+    const int64_t apart = std::llabs(int64_t{m1} - m2);
+    return per_months == 0 ? apart == 0 : apart % per_months == 0;
 }
 
 // The day of the month as a coupon cycle sees it: a month end counts as 99 under the end-of-month rule.
-int32_t day_key(Date x, int32_t eom) { return eom != 0 && is_last_dom(x.m, x.d, x.y) ? 99 : x.d; }
+int32_t day_key(Date x, int32_t eom) { return eom != 0 && orvel::cal::is_month_end(x.m, x.d, x.y) ? 99 : x.d; }
 
 // February's last day stands for any later day of the month: 2/28 pairs with 8/30 and 8/31.
 bool february_end_before(Date feb, int32_t feb_key, int32_t other_key) {
-    return feb.m == 2 && is_last_dom(feb.m, feb.d, feb.y) && other_key > feb_key;
+    return feb.m == 2 && orvel::cal::is_month_end(feb.m, feb.d, feb.y) && other_key > feb_key;
 }
 
-bool same_cycle(Date a, Date b, int32_t eom, int32_t cpn_freq) {
+}  // namespace
+
+bool orvel::same_cycle(Date a, Date b, int32_t eom, int32_t cpn_freq) {
     const int32_t ka = day_key(a, eom), kb = day_key(b, eom);
     const bool days = ka == kb || february_end_before(a, ka, kb) || february_end_before(b, kb, ka);
     return days && months_in_step(a.m, b.m, cpn_freq);
 }
 
-int32_t weekday(Date x) { return MDY_2_julian(x.m, x.d, x.y) % 7 + 1; }
+namespace {
+
+int32_t weekday(Date x) { return orvel::cal::weekday(orvel::cal::jdn(x)); }
 
 // The occur-th weekday dow of the month (occur 0: the last one); 0 when the month has no such day.
 int32_t weekday_of_month(int32_t m, int32_t y, int32_t occur, int32_t dow) {
     if (occur < 0 || occur > 5 || dow < 1 || dow > 7) return 0;
     const int32_t first = weekday({m, 1, y});
     const int32_t t = dow - first + 1 + (first > dow ? 7 : 0);
-    const int32_t last = last_dom(m, y);
+    const int32_t last = orvel::cal::month_end(m, y);
     if (occur == 0) return t + 28 <= last ? t + 28 : t + 21;
     const int32_t day = t + 7 * (occur - 1);
     return day <= last ? day : 0;
@@ -56,11 +62,11 @@ bool on_weekday_rule(Date x, int32_t occur, int32_t dow, int32_t hol_count, cons
     if (!orvel::is_given(x)) return false;
     const int32_t day = weekday_of_month(x.m, x.y, occur, dow);
     if (day == 0) return false;
-    int32_t j = MDY_2_julian(x.m, day, x.y);
+    int32_t j = static_cast<int32_t>(orvel::cal::jdn(x.m, day, x.y));
     // A run of h weekday holidays with the weekends inside it spans fewer than 2h + 3 days.
     for (int32_t guard = 0; guard <= 2 * hol_count + 3 && (j % 7 + 1 > 5 || is_holiday(j, hol_count, hols)); ++guard)
         ++j;
-    return j == MDY_2_julian(x.m, x.d, x.y);
+    return j == orvel::cal::jdn(x);
 }
 
 Check& weekday_rule_codes(Check& check, int32_t occur, int32_t dow) {
@@ -95,10 +101,7 @@ Check& given_order(Check& check, Date settle, Date mat, Date dated, Date first, 
 }
 
 // x moved by n months, and whether two dates are the same day.
-Date months_from(Date x, int32_t n, int32_t eom) {
-    incr_by_mths(n, &x.m, &x.d, &x.y, eom);
-    return x;
-}
+Date months_from(Date x, int32_t n, int32_t eom) { return orvel::cal::add_months(x, n, eom != 0); }
 bool same_day(Date a, Date b) { return a.m == b.m && a.d == b.d && a.y == b.y; }
 
 }  // namespace
@@ -106,15 +109,15 @@ bool same_day(Date a, Date b) { return a.m == b.m && a.d == b.d && a.y == b.y; }
 ORVEL_EXPORT(int32_t) ok_cpn_sync(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t d2, int32_t y2, int32_t eom,
                                   int32_t cpn_freq, int32_t validate, uint32_t* err_code) {
     Check check(err_code);
-    if (validate != 0) check.call(0, is_MDYltMDY, m1, d1, y1, m2, d2, y2, 1, 1).call(0, ok_cpn_freq, cpn_freq);
-    return check.expect(same_cycle({m1, d1, y1}, {m2, d2, y2}, eom, cpn_freq), ORVEL_E_SYNC).ok();
+    if (validate != 0) check.call(0, orvel::cal::checked_before, Date{m1, d1, y1}, Date{m2, d2, y2}, 1).call(0, ok_cpn_freq, cpn_freq);
+    return check.expect(orvel::same_cycle({m1, d1, y1}, {m2, d2, y2}, eom, cpn_freq), ORVEL_E_SYNC).ok();
 }
 
 ORVEL_EXPORT(int32_t) ok_sync_dwm(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t d2, int32_t y2,
                                   int32_t cpn_freq, int32_t occur, int32_t dow, int32_t validate, uint32_t* err_code) {
     Check check(err_code);
     if (validate != 0) {
-        check.call(0, is_MDYltMDY, m1, d1, y1, m2, d2, y2, 1, 1).call(0, ok_cpn_freq, cpn_freq);
+        check.call(0, orvel::cal::checked_before, Date{m1, d1, y1}, Date{m2, d2, y2}, 1).call(0, ok_cpn_freq, cpn_freq);
         weekday_rule_codes(check, occur, dow);
     }
     const bool rule = on_weekday_rule({m1, d1, y1}, occur, dow, 0, nullptr) &&
@@ -130,7 +133,7 @@ ORVEL_EXPORT(int32_t) ok_lt_MDY(int32_t m, int32_t d, int32_t y, int32_t rm, int
     orvel::required(check, ORVEL_ROLE_CHECKED, date);
     orvel::required(check, ORVEL_ROLE_MATURITY, ref);
     orvel::before(check, 81, date, ref, 1);
-    return check.expect(same_cycle(date, ref, eom, cpn_freq), ORVEL_E_LT_MDY).ok();
+    return check.expect(orvel::same_cycle(date, ref, eom, cpn_freq), ORVEL_E_LT_MDY).ok();
 }
 
 ORVEL_EXPORT(int32_t) ok_ofsl_dwm(int32_t sm, int32_t sd, int32_t sy, int32_t mm, int32_t md, int32_t my, int32_t* dm,

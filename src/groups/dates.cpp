@@ -3,7 +3,6 @@
 // dated date starts an odd period, blank ones filled with the regular schedule, then the order of the dates.
 #include "groups/dates.hpp"
 
-#include "orvel/schedule.h"
 
 using orvel::Check;
 using orvel::Conventions;
@@ -36,7 +35,7 @@ Check& open_group(Check& check, const BondGroup& g) {
 // anchor's month and day in 1804, the first coupon one period later.
 bool regular_defaults(BondGroup& g) {
     Date start{g.anchor.m, g.anchor.d, kNoLimitYear};
-    eom_fixup(g.anchor.m, g.anchor.d, g.anchor.y, &start.m, &start.d, &start.y, g.conv.eom);
+    start.d = orvel::cal::fixed_day(g.anchor, start, g.conv.eom != 0);
     g.dated.set(start);
     g.first.set(orvel::periods_later(start, 1, g.conv.cpn_freq, g.conv.eom));
     g.supplied = true;
@@ -52,11 +51,8 @@ bool first_coupon(uint32_t* err_code, BondGroup& g) {
         Check check(err_code);
         return orvel::dated_for_first(check, g.dated, g.first.get()).ok();
     }
-    int32_t nper = 0, frac = 0;
-    uint32_t scratch = 0;
-    num_per_dt(dated.m, dated.d, dated.y, g.anchor.m, g.anchor.d, g.anchor.y, g.conv.day_type, g.conv.eom,
-               g.conv.cpn_freq, &nper, &frac, 0, &scratch);
-    const bool odd = frac == 1;
+    const bool odd =
+        orvel::schedule::count_periods(dated, g.anchor, g.conv.day_type, g.conv.eom, g.conv.cpn_freq).frac == 1;
     if (!odd && orvel::is_blank(g.first.get())) {
         g.first.set(orvel::periods_later(dated, 1, g.conv.cpn_freq, g.conv.eom));
         g.supplied = true;
@@ -82,7 +78,7 @@ Check& bond_order(Check& check, const BondGroup& g) {
 // month end.
 Check& on_anchor_cycle(Check& check, const BondGroup& g) {
     const Date f = g.first.get(), a = g.anchor;
-    const int32_t eom = is_last_dom(a.m, a.d, a.y) ? g.conv.eom : 0;
+    const int32_t eom = orvel::cal::is_month_end(a.m, a.d, a.y) ? g.conv.eom : 0;
     return check.call(31, ok_cpn_sync, f.m, f.d, f.y, a.m, a.d, a.y, eom, g.conv.cpn_freq, 0);
 }
 

@@ -1,49 +1,32 @@
-// Pieces shared by the date-group validators: a date value, a date changed in place, and the checks of
-// validity and order as steps of a Check chain (the role or pair of roles added to the number).
+// Pieces shared by the date-group validators: the checks of validity and order as steps of a Check chain
+// (the role or pair of roles added to the number), and the coupon period of settlement.
 #pragma once
 
 #include <cstdint>
 
+#include "calendar/order.hpp"
 #include "core/validators.hpp"
-#include "orvel/calendar.h"
 #include "orvel/frame.h"
+#include "schedule/odd_periods.hpp"
 
 namespace orvel {
-
-struct Date {
-    int32_t m, d, y;
-};
-
-// A date the validator may fill with a default (three caller pointers).
-struct DateRef {
-    int32_t* m;
-    int32_t* d;
-    int32_t* y;
-    Date get() const { return {*m, *d, *y}; }
-    void set(Date v) const { *m = v.m, *d = v.d, *y = v.y; }
-};
 
 struct Conventions {
     int32_t day_type, eom, cpn_freq;
 };
 
-inline bool is_blank(Date x) { return is_blank_date(x.m, x.d, x.y); }
-
 // Valid and not blank: the only dates that later checks may compare with.
-inline bool is_given(Date x) {
-    uint32_t scratch = 0;
-    return !is_blank(x) && ok_MDY(x.m, x.d, x.y, 0, &scratch) != 0;
-}
+inline bool is_given(Date x) { return !is_blank(x) && is_valid(x); }
 
 inline Check& required(Check& c, uint32_t role, Date x) { return c.call(role, ok_MDY, x.m, x.d, x.y, 1); }
 inline Check& optional(Check& c, uint32_t role, Date x) { return c.call(role, ok_MDY, x.m, x.d, x.y, 0); }
 
 // a before b (2100 + roles) and a not after b (2000 + roles), compared under day_type.
 inline Check& before(Check& c, uint32_t roles, Date a, Date b, int32_t day_type) {
-    return c.call(roles, is_MDYltMDY, a.m, a.d, a.y, b.m, b.d, b.y, day_type, 0);
+    return c.call(roles, cal::before, a, b, day_type);
 }
 inline Check& not_after(Check& c, uint32_t roles, Date a, Date b, int32_t day_type) {
-    return c.call(roles, is_MDYleMDY, a.m, a.d, a.y, b.m, b.d, b.y, day_type, 0);
+    return c.call(roles, cal::not_after, a, b, day_type);
 }
 
 // A first coupon date given without a dated date: 1502, and the dated date is zeroed.
@@ -56,23 +39,23 @@ inline Check& dated_for_first(Check& check, DateRef dated, Date first) {
 }
 
 inline Date periods_later(Date x, int32_t n, int32_t cpn_freq, int32_t eom) {
-    incr_by_pers(n, cpn_freq, &x.m, &x.d, &x.y, eom);
-    return x;
+    return cal::add_periods(x, n, cpn_freq, eom != 0);
 }
 
-// Actual days from a to b, as the schedule counts them.
-inline bool earlier(Date a, Date b) {
-    uint32_t scratch = 0;
-    return is_MDYltMDY(a.m, a.d, a.y, b.m, b.d, b.y, 1, 0, &scratch) != 0;
-}
+// a before b in calendar order.
+inline bool earlier(Date a, Date b) { return cal::compare(a, b) < 0; }
 
-// The coupon period (pcd, ncd] that holds settlement, for a schedule with an optional odd first period
-// (dated to first_cpn) and an optional odd last period (last_cpn to mat); blank or invalid optional dates
-// are left out.
-struct Period {
-    Date pcd, ncd;
-};
-Period settlement_period(Date settle, Date mat, Date dated, Date first_cpn, Date last_cpn, int32_t eom,
-                         int32_t cpn_freq);
+// Two dates on one coupon cycle (ok_cpn_sync's test): the same day of the month, a month end counting as
+// any later day under eom (and February's end as any later day), in months a whole number of periods apart.
+bool same_cycle(Date a, Date b, int32_t eom, int32_t cpn_freq);
+
+// The coupon period that holds settlement, for a schedule with an optional odd first period (dated to
+// first_cpn) and an optional odd last period (last_cpn to mat); blank or invalid optional dates are left out.
+inline schedule::Bracket settlement_period(Date settle, Date mat, Date dated, Date first_cpn, Date last_cpn,
+                                           int32_t eom, int32_t cpn_freq) {
+    const auto given_or_blank = [](Date x) { return is_given(x) ? x : Date{0, 0, 0}; };
+    return schedule::odd_period_of(
+        settle, {mat, given_or_blank(dated), given_or_blank(first_cpn), given_or_blank(last_cpn), eom, cpn_freq});
+}
 
 }  // namespace orvel

@@ -1,29 +1,10 @@
 // Validators of the dates around a trade: trade date, ex-dividend dates, early redemption, and the
 // floating-rate and sinking-fund inputs that carry lists of dates.
 #include "groups/dates.hpp"
-#include "orvel/schedule.h"
 
 using orvel::Check;
 using orvel::Date;
 
-namespace orvel {
-
-Period settlement_period(Date settle, Date mat, Date dated, Date first_cpn, Date last_cpn, int32_t eom,
-                         int32_t cpn_freq) {
-    if (is_given(first_cpn) && earlier(settle, first_cpn)) {
-        const Date start = is_given(dated) ? dated : periods_later(first_cpn, -1, cpn_freq, eom);
-        return {start, first_cpn};
-    }
-    const Date anchor = is_given(last_cpn) ? last_cpn : mat;
-    if (!earlier(settle, anchor)) return {anchor, mat};
-    Period p{};
-    uint32_t scratch = 0;
-    lst_nxt_ncpn(settle.m, settle.d, settle.y, anchor.m, anchor.d, anchor.y, cpn_freq, eom, &p.pcd.m, &p.pcd.d,
-                 &p.pcd.y, &p.ncd.m, &p.ncd.d, &p.ncd.y, 0, &scratch);
-    return p;
-}
-
-}  // namespace orvel
 
 namespace {
 
@@ -38,7 +19,7 @@ int32_t exdiv_in_period(Date exdiv, Date settle, Date mat, Date dated, Date firs
     orvel::required(check, ORVEL_ROLE_EXDIV, exdiv);
     orvel::before(check, 91, exdiv, mat, day_type);
     if (!check) return 0;
-    const orvel::Period p = orvel::settlement_period(settle, mat, dated, first, last, eom, cpn_freq);
+    const auto p = orvel::settlement_period(settle, mat, dated, first, last, eom, cpn_freq);
     return check.expect(orvel::earlier(p.pcd, exdiv) && !orvel::earlier(p.ncd, exdiv), ORVEL_E_EXDIV).ok();
 }
 

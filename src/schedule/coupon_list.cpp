@@ -1,13 +1,12 @@
 // Every coupon date still to come, written into the caller's arrays.
 #include "core/check.hpp"
-#include "orvel/calendar.h"
 #include "orvel/schedule.h"
 #include "schedule/periods.hpp"
 
 namespace {
 
-using orvel::schedule::Date;
-using orvel::schedule::blank;
+using orvel::Date;
+using orvel::is_blank;
 using orvel::cal::compare;
 
 
@@ -23,10 +22,10 @@ struct CouponList {
 
 CouponList coupons_after(Date settle, Date mat, Date first, Date last, int32_t eom, int32_t cpn_freq) {
     if (compare(settle, mat) >= 0) return {false, mat, 0, false};
-    const bool has_last = !blank(last) && compare(last, mat) < 0;
+    const bool has_last = !is_blank(last) && compare(last, mat) < 0;
     if (has_last && compare(settle, last) >= 0) return {false, mat, 0, true};
     const Date anchor = has_last ? last : mat;
-    const bool lead = !blank(first) && compare(settle, first) < 0 && compare(first, anchor) <= 0;
+    const bool lead = !is_blank(first) && compare(settle, first) < 0 && compare(first, anchor) <= 0;
     // Regular dates strictly after the later of settlement and the first coupon, up to the anchor.
     const auto b = orvel::schedule::locate(lead ? first : settle, anchor, cpn_freq, eom);
     return {lead, anchor, b.periods > 0 ? b.periods : 0, has_last};
@@ -48,8 +47,8 @@ ORVEL_EXPORT(int32_t) all_cpn_dts(int32_t settle_m, int32_t settle_d, int32_t se
                          .call(ORVEL_ROLE_FIRST_CPN, ok_MDY, first.m, first.d, first.y, 0)
                          .call(ORVEL_ROLE_LAST_CPN, ok_MDY, last.m, last.d, last.y, 0)
                          .expect(compare(settle, mat) < 0, ORVEL_E_NOT_LT + 71)
-                         .expect(blank(first) || blank(last) || compare(first, last) <= 0, ORVEL_E_NOT_LE + 36)
-                         .expect(blank(last) || compare(last, mat) < 0, ORVEL_E_NOT_LT + 61)
+                         .expect(is_blank(first) || is_blank(last) || compare(first, last) <= 0, ORVEL_E_NOT_LE + 36)
+                         .expect(is_blank(last) || compare(last, mat) < 0, ORVEL_E_NOT_LT + 61)
                          .ok())
         return 0;
     const CouponList list = coupons_after(settle, mat, first, last, eom, cpn_freq);

@@ -3,7 +3,7 @@
 
 #include "calendar/day_count.hpp"
 
-#include "orvel/calendar.h"
+#include "calendar/order.hpp"
 #include "orvel/schedule.h"
 #include "core/check.hpp"
 
@@ -79,14 +79,14 @@ bool leaves_whole_period(const DaySplit& s, int32_t day_type) {
 
 namespace {
 
-using orvel::schedule::Date;
+using orvel::Date;
 
 // pcd strictly before ncd, settle between them, all under the bond's day count.
 bool valid_period(Date pcd, Date ncd, Date settle, int32_t day_type, uint32_t* err_code) {
     return orvel::Check(err_code)
-        .call(0, is_MDYltMDY, pcd.m, pcd.d, pcd.y, ncd.m, ncd.d, ncd.y, day_type, 1)
-        .call(0, is_MDYleMDY, pcd.m, pcd.d, pcd.y, settle.m, settle.d, settle.y, day_type, 1)
-        .call(0, is_MDYleMDY, settle.m, settle.d, settle.y, ncd.m, ncd.d, ncd.y, day_type, 1)
+        .call(0, orvel::cal::checked_before, pcd, ncd, day_type)
+        .call(0, orvel::cal::checked_not_after, pcd, settle, day_type)
+        .call(0, orvel::cal::checked_not_after, settle, ncd, day_type)
         .ok();
 }
 

@@ -7,11 +7,8 @@
 #include <limits>
 
 #include "core/civil.hpp"
-#include "core/validators.hpp"
 
 namespace orvel::schedule {
-
-using cal::Date;
 
 // Serial month of a date (year * 12 + month - 1), 64-bit so that no caller's year can overflow it.
 constexpr int64_t month_index(Date x) { return int64_t{x.y} * 12 + (int64_t{x.m} - 1); }
@@ -27,7 +24,7 @@ constexpr bool same_date(Date a, Date b) { return a.m == b.m && a.d == b.d && a.
 
 // The anchor moved n periods (negative n: back), with the end-of-month rule when eom is set.
 constexpr Date grid_date(Date anchor, int64_t n, int32_t cpn_freq, int32_t eom) {
-    return cal::add_months(anchor, n * cal::months_per_period(cpn_freq), eom != 0);
+    return cal::add_periods(anchor, n, cpn_freq, eom != 0);
 }
 
 // Whole periods in a month distance, truncated toward zero; the usual period lengths divide by a constant.
@@ -62,9 +59,6 @@ constexpr Bracket locate(Date settle, Date anchor, int32_t cpn_freq, int32_t eom
     if (on_or_before(probe, settle)) return {probe, cal::add_months(anchor, (1 - q) * per_months, keep_ends), q};
     return {cal::add_months(anchor, (-q - 1) * per_months, keep_ends), probe, q + 1};
 }
-
-// A blank optional date: 0/0/0, 0/0/1900 or 0/0/2000.
-inline bool blank(Date x) { return is_blank_date(x.m, x.d, x.y); }
 
 // A period count narrowed to int32 (a count beyond it only arises from years far outside any calendar).
 constexpr int32_t saturate(int64_t v) {

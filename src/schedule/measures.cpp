@@ -1,13 +1,14 @@
 // Distances measured in coupon periods on a regular schedule: fractional periods and years between two
 // dates, and the coupon interest earned over a holding.
 #include "core/check.hpp"
-#include "orvel/calendar.h"
+#include "calendar/order.hpp"
 #include "orvel/schedule.h"
 #include "schedule/periods.hpp"
 
 namespace {
 
 using namespace orvel::schedule;
+using orvel::Date;
 using orvel::cal::compare;
 
 // Part of a period as a fraction; a period of no days (possible only for nonsense frequencies) adds none.
@@ -36,7 +37,7 @@ bool valid_span(Date d1, Date d2, int32_t day_type, int32_t cpn_freq, uint32_t* 
     return orvel::Check(err_code)
         .call(0, ok_day_type, day_type)
         .call(0, ok_cpn_freq, cpn_freq)
-        .call(0, is_MDYleMDY, d1.m, d1.d, d1.y, d2.m, d2.d, d2.y, 1, 1)
+        .call(0, orvel::cal::checked_not_after, d1, d2, 1)
         .ok();
 }
 

@@ -2,13 +2,13 @@
 // odd one replaces (the quasi-coupon period ending at the first coupon, or starting at the last regular
 // coupon), so that dr / dp is the part of a regular coupon still to run.
 #include "core/check.hpp"
-#include "orvel/calendar.h"
 #include "orvel/schedule.h"
 #include "schedule/periods.hpp"
 
 namespace {
 
 using namespace orvel::schedule;
+using orvel::Date;
 using orvel::cal::compare;
 
 // The regular period's length by the family rule of per2dp_da_dr.

@@ -2,7 +2,7 @@
 #include "schedule/periods.hpp"
 
 #include "core/check.hpp"
-#include "orvel/calendar.h"
+#include "calendar/order.hpp"
 #include "orvel/schedule.h"
 
 namespace orvel::schedule {
@@ -27,6 +27,15 @@ PeriodCount count_periods(Date settle, Date mat, int32_t day_type, int32_t eom, 
     return count_from(b, s, day_type);
 }
 
+PeriodCount month_periods(Date settle, Date mat, int32_t cpn_freq) {
+    const int32_t per_months = cal::months_per_period(cpn_freq);
+    if (per_months == 0) return {0, 0};  // a frequency above 12: periods of no months, none to count
+    int64_t months = month_index(mat) - month_index(settle);
+    const int64_t offset = cal::compare(settle, cal::add_months(mat, -months, true));
+    if (offset > 0) --months;
+    return {saturate(months / per_months), (offset == 0 && months % per_months == 0) ? 0 : 1};
+}
+
 RegularInfo regular_info(Date settle, Date mat, int32_t day_type, int32_t eom, int32_t cpn_freq) {
     const Bracket b = locate(settle, mat, cpn_freq, eom);
     const bool at_maturity = same_date(settle, mat);
@@ -43,18 +52,12 @@ RegularInfo regular_info(Date settle, Date mat, int32_t day_type, int32_t eom, i
 
 namespace {
 
-using orvel::schedule::Date;
-
-void put(Date x, int32_t* m, int32_t* d, int32_t* y) {
-    *m = x.m;
-    *d = x.d;
-    *y = x.y;
-}
+using orvel::Date;
 
 // Settlement before maturity (actual days), then the frequency: the common check of the period counters.
 bool valid_term(Date settle, Date mat, int32_t cpn_freq, uint32_t* err_code) {
     return orvel::Check(err_code)
-        .call(0, is_MDYltMDY, settle.m, settle.d, settle.y, mat.m, mat.d, mat.y, 1, 1)
+        .call(0, orvel::cal::checked_before, settle, mat, 1)
         .call(0, ok_cpn_freq, cpn_freq)
         .ok();
 }
@@ -62,7 +65,7 @@ bool valid_term(Date settle, Date mat, int32_t cpn_freq, uint32_t* err_code) {
 // Settlement on or before maturity, then the frequency.
 bool valid_lookup(Date settle, Date mat, int32_t cpn_freq, uint32_t* err_code) {
     return orvel::Check(err_code)
-        .call(0, is_MDYleMDY, settle.m, settle.d, settle.y, mat.m, mat.d, mat.y, 1, 1)
+        .call(0, orvel::cal::checked_not_after, settle, mat, 1)
         .call(0, ok_cpn_freq, cpn_freq)
         .ok();
 }
@@ -76,29 +79,19 @@ ORVEL_EXPORT(void) lst_nxt_ncpn(int32_t settle_m, int32_t settle_d, int32_t sett
     const Date settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
     if (validate && !valid_lookup(settle, mat, cpn_freq, err_code)) return;
     const auto b = orvel::schedule::coupon_dates(settle, mat, cpn_freq, eom);
-    put(b.pcd, pcd_m, pcd_d, pcd_y);
-    put(b.ncd, ncd_m, ncd_d, ncd_y);
+    orvel::store(b.pcd, pcd_m, pcd_d, pcd_y);
+    orvel::store(b.ncd, ncd_m, ncd_d, ncd_y);
 }
 
 ORVEL_EXPORT(int32_t) num_per(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
                               int32_t mat_y, int32_t cpn_freq, int32_t* nper, int32_t* frac, int32_t validate,
                               uint32_t* err_code) {
-    using namespace orvel::schedule;
     const Date settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
     if (validate && !valid_term(settle, mat, cpn_freq, err_code)) return 0;
-    const int32_t per_months = orvel::cal::months_per_period(cpn_freq);
-    if (per_months == 0) {  // a frequency above 12: periods of no months, none to count
-        *nper = 0;
-        *frac = 0;
-        return 0;
-    }
-    // Calendar months only: maturity stepped back by the month distance lands in settlement's month.
-    int64_t months = month_index(mat) - month_index(settle);
-    const int64_t offset = orvel::cal::compare(settle, orvel::cal::add_months(mat, -months, true));
-    if (offset > 0) --months;
-    *frac = (offset == 0 && months % per_months == 0) ? 0 : 1;
-    *nper = saturate(months / per_months);
-    return *nper;
+    const auto c = orvel::schedule::month_periods(settle, mat, cpn_freq);
+    *nper = c.nper;
+    *frac = c.frac;
+    return c.nper;
 }
 
 ORVEL_EXPORT(int32_t) num_per_dt(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,

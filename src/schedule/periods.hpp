@@ -20,6 +20,10 @@ struct PeriodCount {
 // Periods by the stepped coupon dates, with the day-count test for a whole period.
 PeriodCount count_periods(Date settle, Date mat, int32_t day_type, int32_t eom, int32_t cpn_freq);
 
+// Periods by calendar months alone (num_per): maturity stepped back by the month distance lands in
+// settlement's month; frac = 1 when settle is not on the grid. A frequency above 12 counts nothing.
+PeriodCount month_periods(Date settle, Date mat, int32_t cpn_freq);
+
 struct RegularInfo {
     DaySplit days;
     PeriodCount count;
