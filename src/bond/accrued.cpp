@@ -105,16 +105,12 @@ double orvel::bond::accrued(Date settle, Date mat, Date dated, Date first_cpn, d
     return reduce(settle, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, out);
 }
 
-ORVEL_EXPORT(double) bond_ai(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
-                             int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m,
-                             int32_t first_cpn_d, int32_t first_cpn_y, double cpn_rate, int32_t day_type, int32_t eom,
-                             int32_t cpn_freq, double* nxt_frac, double* cpn_amt, int32_t* n_after, int32_t validate,
-                             uint32_t* err_code) {
+double orvel::bond::accrued_to(Date settle, Date mat, Date dated, Date first_cpn, double cpn_rate, int32_t day_type,
+                               int32_t eom, int32_t cpn_freq, double* nxt_frac, double* cpn_amt, int32_t* n_after,
+                               int32_t validate, uint32_t* err_code) {
     Reduced r;
     uint32_t err = 0;
-    const double ai = orvel::bond::accrued({settle_m, settle_d, settle_y}, {mat_m, mat_d, mat_y},
-                                           {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y},
-                                           cpn_rate, day_type, eom, cpn_freq, validate, &r, &err);
+    const double ai = accrued(settle, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, validate, &r, &err);
     if (err != 0) {
         *err_code = err;
         return 0.0;
@@ -123,4 +119,14 @@ ORVEL_EXPORT(double) bond_ai(int32_t settle_m, int32_t settle_d, int32_t settle_
     *cpn_amt = r.cpn_amt;
     *n_after = r.n_after;
     return ai;
+}
+
+ORVEL_EXPORT(double) bond_ai(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                             int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m,
+                             int32_t first_cpn_d, int32_t first_cpn_y, double cpn_rate, int32_t day_type, int32_t eom,
+                             int32_t cpn_freq, double* nxt_frac, double* cpn_amt, int32_t* n_after, int32_t validate,
+                             uint32_t* err_code) {
+    return orvel::bond::accrued_to({settle_m, settle_d, settle_y}, {mat_m, mat_d, mat_y}, {dated_m, dated_d, dated_y},
+                                   {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq,
+                                   nxt_frac, cpn_amt, n_after, validate, err_code);
 }

@@ -39,4 +39,9 @@ bool valid_bond_dates(Date settle, Date mat, Date* dated, Date* first_cpn, int32
 double accrued(Date settle, Date mat, Date dated, Date first_cpn, double cpn_rate, int32_t day_type, int32_t eom,
                int32_t cpn_freq, int32_t validate, Reduced* out, uint32_t* err_code);
 
+// The same with bond_ai's three outputs, written only on success.
+double accrued_to(Date settle, Date mat, Date dated, Date first_cpn, double cpn_rate, int32_t day_type, int32_t eom,
+                  int32_t cpn_freq, double* nxt_frac, double* cpn_amt, int32_t* n_after, int32_t validate,
+                  uint32_t* err_code);
+
 }  // namespace orvel::bond

@@ -61,9 +61,10 @@ ORVEL_EXPORT(double) bond_ex_ai(int32_t trade_m, int32_t trade_d, int32_t trade_
              .ok())
         return 0.0;
     uint32_t err = 0;
-    const double ai = bond_ai(settle_m, settle_d, settle_y, mat_m, mat_d, mat_y, dated_m, dated_d, dated_y, first_cpn_m,
-                              first_cpn_d, first_cpn_y, cpn_rate, day_type, eom, cpn_freq, nxt_frac, cpn_amt, n_after,
-                              validate, &err);
+    const double ai = orvel::bond::accrued_to({settle_m, settle_d, settle_y}, {mat_m, mat_d, mat_y},
+                                              {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y},
+                                              cpn_rate, day_type, eom, cpn_freq, nxt_frac, cpn_amt, n_after, validate,
+                                              &err);
     if (err != 0) return orvel::bond::fail_price(err_code, err);
     if (ex_type == 0) return ai;
     const Date settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
@@ -107,9 +108,10 @@ ORVEL_EXPORT(double) bond_td_ai(int32_t trade_m, int32_t trade_d, int32_t trade_
                                        err_code))
         return 0.0;
     uint32_t err = 0;
-    const double ai = bond_ai(settle_m, settle_d, settle_y, mat_m, mat_d, mat_y, dated_m, dated_d, dated_y,
-                              first_cpn_m, first_cpn_d, first_cpn_y, cpn_rate, day_type, eom, cpn_freq, nxt_frac,
-                              cpn_amt, n_after, validate, &err);
+    const double ai = orvel::bond::accrued_to({settle_m, settle_d, settle_y}, {mat_m, mat_d, mat_y},
+                                              {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y},
+                                              cpn_rate, day_type, eom, cpn_freq, nxt_frac, cpn_amt, n_after, validate,
+                                              &err);
     if (err != 0) return orvel::bond::fail_price(err_code, err);
     const Date trade{trade_m, trade_d, trade_y};
     const Coupons around = coupons_around(Date{settle_m, settle_d, settle_y}, Date{mat_m, mat_d, mat_y},
