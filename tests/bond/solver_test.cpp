@@ -62,8 +62,8 @@ TEST(Solver, ResidualThatNeverConvergesStopsAtTheCap) {
     const double start[3] = {4.0, 3.0, 6.0};
     EXPECT_EQ(orvel::solve3(start, jitter, orvel::ResidualBelow{1e-12}, &err, &stats), 0.0);
     EXPECT_EQ(err, 9020u);
-    EXPECT_EQ(stats.steps, orvel::solver_max_steps);
-    EXPECT_EQ(stats.evaluations, orvel::solver_max_steps + 3);
+    EXPECT_EQ(stats.steps, 1000);
+    EXPECT_EQ(stats.evaluations, 1003);
 }
 
 TEST(Solver, StartPointThatMeetsTheRuleIsReturnedAtOnce) {

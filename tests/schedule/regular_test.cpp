@@ -59,6 +59,8 @@ TEST(RegularSchedule, EverySettlementAgreesWithTheWrittenOutSchedule) {
                     for (int32_t day_type = 2; day_type <= 13; ++day_type) {
                         const Info i = reg_info(s, mat, day_type, eom, freq);
                         ASSERT_EQ(i.nper + i.frac, want.after) << "day_type " << day_type;
+                        // On a coupon date a whole period is ahead; but code 11 counts a 31st to itself as a day.
+                        ASSERT_TRUE(!on_coupon || i.frac == 0 || (day_type == 11 && s.d == 31)) << day_type;
                         int32_t nper = -1, frac = -1;
                         num_per_dt(s.m, s.d, s.y, mat.m, mat.d, mat.y, day_type, eom, freq, &nper, &frac, 0, &err);
                         ASSERT_EQ(nper, i.nper);
