@@ -129,14 +129,14 @@ ORVEL_EXPORT(double) bond_1di(int32_t day_type, int32_t eom, int32_t cpn_freq, d
                               int32_t first_cpn_d, int32_t first_cpn_y, double face_k, int32_t validate,
                               uint32_t* err_code) {
     if (validate != 0 && !orvel::bond::valid_face(face_k)) return orvel::bond::fail_price(err_code, ORVEL_E_FACE);
-    if (dated_m != 0 && settle_m == dated_m && settle_d == dated_d && settle_y == dated_y) return 0.0;
     const BondTerms bond{{mat_m, mat_d, mat_y}, {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y},
                          cpn_rate, day_type, eom, cpn_freq};
     const Date settle{settle_m, settle_d, settle_y};
     double cpn_amt = 0.0;
     uint32_t err = 0;
-    const double today = bond.accrued_at(settle, validate, &cpn_amt, &err);
+    const double today = bond.accrued_at(settle, validate, &cpn_amt, &err);  // validates, even on the dated date
     if (err != 0) return orvel::bond::fail_price(err_code, err);
+    if (dated_m != 0 && settle_m == dated_m && settle_d == dated_d && settle_y == dated_y) return 0.0;
     const double yesterday = bond.accrued_at(orvel::bond::step_days(settle, -1), 0, &cpn_amt, &err);
     if (err != 0) return orvel::bond::fail_price(err_code, err);
     double day = today - yesterday;

@@ -185,11 +185,35 @@ TEST(BondSweep, DurationAndConvexityMatchFiniteDifferences) {
         for (int32_t k = 0; k < l.count; ++k)
             weighted += l.times[k] / b.freq * l.amts[k] * std::pow(1 + y / (100.0 * b.freq), -l.times[k]);
         EXPECT_NEAR(mac, weighted / mid, 1e-9 * std::max(1.0, mac));
-        // The estimate from three prices agrees to the order of the shift squared.
-        const double est = bond_est_cvx(y, b.cpn, 100.0, b.day_type, b.eom, b.freq, b.settle[0], b.settle[1],
-                                        b.settle[2], b.mat[0], b.mat[1], b.mat[2], b.dated[0], b.dated[1], b.dated[2],
-                                        b.first[0], b.first[1], b.first[2], 0.01, 1, &err);
-        EXPECT_NEAR(est, cvx, 1e-4 * std::max(1.0, cvx));
+        // The estimate from three prices agrees to the order of the shift squared (a shift of 0 takes 0.01).
+        for (double shift : {0.01, 0.0}) {
+            const double est = bond_est_cvx(y, b.cpn, 100.0, b.day_type, b.eom, b.freq, b.settle[0], b.settle[1],
+                                            b.settle[2], b.mat[0], b.mat[1], b.mat[2], b.dated[0], b.dated[1],
+                                            b.dated[2], b.first[0], b.first[1], b.first[2], shift, 1, &err);
+            EXPECT_NEAR(est, cvx, 1e-4 * std::max(1.0, cvx));
+        }
+        // The risk set in one call (unrounded) is these measures at the yield of the clean price it is given.
+        double ai = 0.0;
+        const double clean = py(b, 1, y, &ai, &err);
+        double r[8];
+        bond_risk(7, b.day_type, b.eom, b.freq, 2, clean, b.cpn, b.settle[0], b.settle[1], b.settle[2], b.mat[0],
+                  b.mat[1], b.mat[2], b.dated[0], b.dated[1], b.dated[2], b.first[0], b.first[1], b.first[2], 100.0,
+                  r, r + 1, r + 2, r + 3, r + 4, r + 5, r + 6, r + 7, 1, &err);
+        ASSERT_EQ(err, 0u);
+        const double solved = py(b, 2, clean, &ai, &err);
+        double mac_at = 0, mod_at = 0;
+        bond_dur(0.0, solved, b.cpn, 100.0, b.day_type, b.eom, b.freq, b.settle[0], b.settle[1], b.settle[2],
+                 b.mat[0], b.mat[1], b.mat[2], b.dated[0], b.dated[1], b.dated[2], b.first[0], b.first[1],
+                 b.first[2], &mac_at, &mod_at, 1, &err);
+        EXPECT_EQ(r[0], clean);
+        EXPECT_EQ(r[1], solved);
+        EXPECT_EQ(r[2], ai);
+        EXPECT_NEAR(r[3], mac_at, 1e-12 * std::max(1.0, mac_at));
+        EXPECT_NEAR(r[4], mod_at, 1e-12 * std::max(1.0, mod_at));
+        EXPECT_NEAR(r[5], cvx, 1e-5 * std::max(1.0, cvx));
+        EXPECT_EQ(r[6], bond_cur_yld(b.cpn, clean, 0.0));
+        const double bp = (py(b, 1, solved - 0.01, &ai, &err) - py(b, 1, solved + 0.01, &ai, &err)) / 2;
+        EXPECT_NEAR(r[7], bp, 1e-12 * std::max(1.0, bp));
         ++checked;
     }
     EXPECT_GT(checked, 500);
