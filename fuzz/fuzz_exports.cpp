@@ -269,6 +269,8 @@ void check_failure_returns_zero(const ExportSpec& e, const Frame& f) {
     }
 }
 
+const bool tracing = std::getenv("ORVEL_FUZZ_TRACE") != nullptr;
+
 // d_trunc_rnd's contract on any input: a non-finite num comes back as it is; a finite one gives a finite
 // result of num's sign within one step of the places' grid (a step of 1 for negative places, none beyond
 // 400 places) plus a few ulps of num, and truncation does not grow the magnitude beyond those ulps.
@@ -276,6 +278,7 @@ void check_trunc_rnd(Input& in) {
     const double num = in.raw<double>();
     const int32_t places = in.raw<int32_t>();
     const int32_t rnd = in.raw<int32_t>();
+    if (tracing) std::fprintf(stderr, "d_trunc_rnd %.17g %d %d\n", num, places, rnd);
     const double r = d_trunc_rnd(num, places, rnd);
     const double a = std::fabs(num);
     const double grid = places < 0 ? 1.0 : places > 400 ? 0.0 : std::pow(10.0, -static_cast<double>(places));
@@ -326,8 +329,6 @@ void trace(const ExportSpec& e, const Frame& f) {
     }
     std::fprintf(stderr, "\n");
 }
-
-const bool tracing = std::getenv("ORVEL_FUZZ_TRACE") != nullptr;
 
 }  // namespace
 
