@@ -2,7 +2,8 @@
 //
 // Input layout (read front to back; once the input runs out every further byte reads as 0):
 //   selector   a byte L; L in 1..48 is followed by L bytes of an export name (an unknown name picks the
-//              export at its hash), L = 0 or above 48 by two bytes of an index into the table
+//              export at its hash), L = 0 or 49..254 by two bytes of an index into the table; L = 255 is
+//              the rounding branch instead (below)
 //   scalars    every non-array argument in list order:
 //                i32       tag byte, then the value (see read_i32); the arguments that count an array take
 //                          one byte as int8 % 65 (-64..64), `validate` one byte (0, 1 or -1)
@@ -13,9 +14,15 @@
 //              tables, none for a negative count), each element as an i32 or f64 scalar
 // fuzz/make_corpus.py writes seeds in this layout from the sample calls.
 //
+// The rounding branch (selector 255): 8 bytes of a double's bit pattern, 4 of places, 4 of rnd, each taken
+// whole, so d_trunc_rnd meets every double (denormals, infinities, NaN payloads) and every int32 places;
+// besides any sanitizer report, it aborts when the result breaks its documented contract (see
+// check_trunc_rnd).
+//
 // Every array, output and err_code lives in its own heap block of exactly the documented size, so
 // AddressSanitizer reports a write one element past a caller's array.
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -27,6 +34,7 @@
 #include <vector>
 
 #include "export_table.h"
+#include "orvel/frame.h"
 
 namespace {
 
@@ -261,6 +269,30 @@ void check_failure_returns_zero(const ExportSpec& e, const Frame& f) {
     }
 }
 
+const bool tracing = std::getenv("ORVEL_FUZZ_TRACE") != nullptr;
+
+// d_trunc_rnd's contract on any input: a non-finite num comes back as it is; a finite one gives a finite
+// result of num's sign within one step of the places' grid (a step of 1 for negative places, none beyond
+// 400 places) plus a few ulps of num, and truncation does not grow the magnitude beyond those ulps.
+void check_trunc_rnd(Input& in) {
+    const double num = in.raw<double>();
+    const int32_t places = in.raw<int32_t>();
+    const int32_t rnd = in.raw<int32_t>();
+    if (tracing) std::fprintf(stderr, "d_trunc_rnd %.17g %d %d\n", num, places, rnd);
+    const double r = d_trunc_rnd(num, places, rnd);
+    const double a = std::fabs(num);
+    const double grid = places < 0 ? 1.0 : places > 400 ? 0.0 : std::pow(10.0, -static_cast<double>(places));
+    const double slack = 4 * (std::nextafter(a, std::numeric_limits<double>::infinity()) - a);
+    const bool ok = !std::isfinite(num) ? std::memcmp(&r, &num, sizeof r) == 0
+                                        : std::isfinite(r) && std::signbit(r) == std::signbit(num) &&
+                                              std::fabs(r - num) <= grid + slack &&
+                                              (rnd != 0 || std::fabs(r) <= a + slack);
+    if (!ok) {
+        std::fprintf(stderr, "d_trunc_rnd(%a, %d, %d) = %a\n", num, places, rnd, r);
+        std::abort();
+    }
+}
+
 // The decoded call in the command-line tool's syntax (ORVEL_FUZZ_TRACE=1), to replay a finding with
 // `orvel call` and to check that a seed decodes to its sample line. Arrays print after the scalars.
 void trace(const ExportSpec& e, const Frame& f) {
@@ -298,11 +330,14 @@ void trace(const ExportSpec& e, const Frame& f) {
     std::fprintf(stderr, "\n");
 }
 
-const bool tracing = std::getenv("ORVEL_FUZZ_TRACE") != nullptr;
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    if (size > 0 && data[0] == 255) {
+        Input rounding(data + 1, size - 1);
+        check_trunc_rnd(rounding);
+        return 0;
+    }
     Input in(data, size);
     const ExportSpec& e = pick_export(in);
     Frame f;

@@ -199,23 +199,42 @@ ORVEL_EXPORT(void) ZEBA_vers(int32_t* major, int32_t* minor, int32_t* rel_month,
                              int32_t* rel_year, int32_t* spare1, int32_t* spare2, int32_t* spare3,
                              int32_t* spare4);
 
-/* num truncated toward zero (rnd = 0) or rounded half away from zero (rnd != 0) to `places` decimals.
- * Only the fractional part is scaled, so a large integer part loses no precision. 0 and NaN come back
- * unchanged. Cannot fail. */
+/* num truncated toward zero (rnd = 0) or rounded half away from zero (any other rnd) to `places` decimals.
+ * Only the fractional part f of |num| is scaled: the result is floor(f * 10^places + h) / 10^places plus the
+ * integer part, h = 0 or 0.5, with num's sign put back, so a large integer part loses no precision. The
+ * arithmetic is on the double as stored: 1.15 is stored as 1.14999999999999991 and truncates to 1.14 at 2
+ * places; 1.3065 is stored as 1.30649999999999999467, but 1000 times its fraction rounds to exactly 306.5,
+ * so at 3 places it rounds up to 1.307.
+ * Defined for every argument, never NaN for a number:
+ *   - 0 and -0, NaN, +inf and -inf come back unchanged;
+ *   - places < 0 (any size): the integer part with num's sign (-2.7 gives -2), whatever rnd says: negative
+ *     places do not round to tens;
+ *   - places 0..308: as above (a num below 10^-places truncates to 0 with num's sign: -5e-324 gives -0);
+ *   - places above 308 (up to INT32_MAX), where 10^places overflows: the scaling is done in two steps, so
+ *     a tiny num is still cut at `places` decimals (1e-320 gives 0 at 320 places); once f * 10^places
+ *     reaches 2^53 there are no digits left to cut and num comes back unchanged (for any num of at least
+ *     1e-290, and for every num from 340 places on).
+ * Cannot fail. */
 ORVEL_EXPORT(double) d_trunc_rnd(double num, int32_t places, int32_t rnd);
 
 /* rslt rounded to the places that the market of sec_type quotes a result of kind rslt_type (1..5; 2 is a
- * risk measure) in. Errors: 200 rslt_type not 1..5; 300 sec_type not known. On either error rslt comes
- * back unchanged (not 0). */
+ * risk measure) in, with d_trunc_rnd: sec_type 1, 5, 10, 20 round to 6 places; 2 to 6 (7 for a risk
+ * measure); 3, 4, 6, 8, 30, 40 truncate to 4 places and round that to 3 (a risk measure truncates to 3);
+ * 7 is returned as it is. NaN and +-inf come back unchanged, without an error. Errors (checked in this
+ * order): 200 rslt_type not 1..5; 300 sec_type not known. On either error rslt comes back unchanged (not 0). */
 ORVEL_EXPORT(double) rslt_fix_plc(int32_t sec_type, int32_t rslt_type, double rslt, uint32_t* err_code);
 
-/* A decimal price in handle-and-ticks form: the fraction holds the number of 1/denom units as two decimal
- * digits (99.5 with denom 32 gives 99.16). Not rounded. Cannot fail. */
+/* A decimal price in handle-and-ticks form: i + (dec - i) * denom / 100 with i = dec truncated toward zero,
+ * so the fraction holds the number of 1/denom units as two decimal digits (99.5 with denom 32 gives 99.16;
+ * -99.5 gives -99.16). Not rounded. Any denom goes through the same formula (0 gives the handle alone).
+ * NaN and +-inf come back unchanged. Cannot fail. */
 ORVEL_EXPORT(double) dec_2_frac(double dec, int32_t denom);
 
-/* A handle-and-ticks price back to decimal: the units are read from one decimal digit for denom <= 10,
- * two up to 100 and three above (99.16 with denom 32 gives 99.5). Inverse of dec_2_frac only for
- * denominators 11..100. Cannot fail. */
+/* A handle-and-ticks price back to decimal: i + (frac - i) / denom * s, with i = frac truncated toward
+ * zero and the units read from one decimal digit (s = 10) for denom <= 10, two (100) up to 100 and three
+ * (1000) above (99.16 with denom 32 gives 99.5). Inverse of dec_2_frac only for denominators 11..100.
+ * denom 0 gives the handle i alone (as dec_2_frac writes it for 0); a negative denom goes through the
+ * formula (s = 10). NaN and +-inf come back unchanged. Cannot fail. */
 ORVEL_EXPORT(double) frac_2_dec(double frac, int32_t denom);
 
 /* The meaning of an error number as text, written into text[0..size-1] and always NUL-terminated

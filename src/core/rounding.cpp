@@ -5,13 +5,25 @@
 #include "orvel/frame.h"
 
 ORVEL_EXPORT(double) d_trunc_rnd(double num, int32_t places, int32_t rnd) {
-    if (num == 0.0 || std::isnan(num)) return num;
-    // Scale only the fractional part: a large handle keeps every digit it has.
+    if (num == 0.0 || !std::isfinite(num)) return num;
+    // Only the fractional part is scaled: a large handle keeps every digit it has, and negative places
+    // leave the handle alone (the fraction is dropped, rnd or not).
     const double a = std::fabs(num);
     const double i = std::floor(a);
-    const double p = std::pow(10.0, static_cast<double>(places));
+    const double f = a - i;  // exact, in [0, 1)
     const double h = rnd != 0 ? 0.5 : 0.0;
-    const double r = std::floor(p * (a - i) + h) / p + i;
+    double r = i;
+    if (places >= 0 && places <= 308) {  // 10^places is finite
+        const double p = std::pow(10.0, static_cast<double>(places));
+        r = std::floor(p * f + h) / p + i;
+    } else if (places > 308 && f != 0.0) {
+        // 10^places overflows: scale in two steps. Once the scaled fraction reaches 2^53 it has no digits
+        // left to cut (every fraction of at least 1e-290 does, and every double from 340 places on), and
+        // the value comes back as it is; below, the digits beyond `places` are cut as above.
+        const double q = std::pow(10.0, static_cast<double>(places) - 308.0);  // may be +inf
+        const double s = f * 1e308 * q;                                        // f * 1e308 is in (0, 1e308)
+        r = s < 9007199254740992.0 ? std::floor(s + h) / q / 1e308 : a;
+    }
     return num < 0.0 ? -r : r;
 }
 
@@ -53,12 +65,15 @@ ORVEL_EXPORT(double) rslt_fix_plc(int32_t sec_type, int32_t rslt_type, double rs
 }
 
 ORVEL_EXPORT(double) dec_2_frac(double dec, int32_t denom) {
+    if (!std::isfinite(dec)) return dec;  // no handle to split off
     const double i = std::trunc(dec);
     return i + (dec - i) * denom * 0.01;
 }
 
 ORVEL_EXPORT(double) frac_2_dec(double frac, int32_t denom) {
+    if (!std::isfinite(frac)) return frac;
     const double i = std::trunc(frac);
+    if (denom == 0) return i;  // no units to read: the handle alone, as dec_2_frac writes it for 0
     // The units take one decimal digit up to tenths, two up to hundredths, three beyond.
     const double s = denom <= 10 ? 10.0 : denom <= 100 ? 100.0 : 1000.0;
     return i + (frac - i) / denom * s;
