@@ -121,6 +121,14 @@ uint32_t call_with(SampleCall& s, int arg, double value) {
     return s.call.err_code();
 }
 
+// A sample that fails as written is a boundary row of tests/calls: it checks its own number, and a
+// non-finite value in it may well be reported by an earlier check.
+bool fails_as_written(SampleCall& s) {
+    s.call.err_before = 0;
+    s.call.invoke();
+    return s.call.failed();
+}
+
 std::string describe(const SampleCall& s, int arg, double value) {
     return s.where + ": " + s.text + " with " + s.call.entry().arg_list[arg].name + " = " + std::to_string(value);
 }
@@ -131,6 +139,7 @@ TEST(ValidationContract, ValidatedCallsRejectNonFiniteDoublesAndKeepOutputs) {
         const int validate = arg_index(s.call.entry(), "validate");
         if (validate < 0) continue;
         s.call.args()[static_cast<std::size_t>(validate)].ints0[0] = 1;
+        if (fails_as_written(s)) continue;
         s.call.fill_outputs(sentinel_i32, sentinel_f64);
         for (int arg : double_arguments(s.call.entry())) {
             for (double value : non_finite) {
@@ -153,7 +162,7 @@ TEST(ValidationContract, ValidatedCallsRejectNonFiniteDoublesAndKeepOutputs) {
 TEST(ValidationContract, ValidatorsRejectNonFiniteWithTheirNumber) {
     for (SampleCall& s : orvel::reliability::parse_samples()) {
         const std::string_view name = s.call.entry().name;
-        if (name.substr(0, 3) != "ok_" || !s.call.has_err()) continue;
+        if (name.substr(0, 3) != "ok_" || !s.call.has_err() || fails_as_written(s)) continue;
         for (int arg : double_arguments(s.call.entry())) {
             const ValidatorRow* row = find_row(name, s.call.entry().arg_list[arg].name);
             for (double value : non_finite) {
