@@ -6,14 +6,16 @@
 #include <string>
 
 #include "call_syntax.hpp"
+#include "samples.hpp"
 
 namespace {
 
 namespace ck = orvel::callkit;
+namespace tk = orvel::testkit;
 
 TEST(Samples, EveryExportHasASample) {
     std::set<std::string> sampled;
-    for (const ck::Sample& s : ck::read_samples(ck::samples_folder())) {
+    for (const tk::Sample& s : tk::read_samples(tk::samples_folder())) {
         const auto words = ck::split_words(s.text);
         if (!words.empty()) sampled.insert(std::string(words[0]));
     }
@@ -24,9 +26,9 @@ TEST(Samples, EveryExportHasASample) {
 }
 
 TEST(Samples, EverySampleParsesAndRuns) {
-    const auto samples = ck::read_samples(ck::samples_folder());
+    const auto samples = tk::read_samples(tk::samples_folder());
     ASSERT_FALSE(samples.empty());
-    for (const ck::Sample& s : samples) {
+    for (const tk::Sample& s : samples) {
         SCOPED_TRACE(s.file + ":" + std::to_string(s.line) + ": " + s.text);
         ck::PreparedCall call;
         std::string error;
@@ -38,7 +40,7 @@ TEST(Samples, EverySampleParsesAndRuns) {
 // Whatever number a sample call writes, err_2_text knows it: a number without a row in the error table (or
 // a role that the scheme has no name for) shows up here.
 TEST(Samples, EveryErrorWrittenHasAMeaning) {
-    for (const ck::Sample& s : ck::read_samples(ck::samples_folder())) {
+    for (const tk::Sample& s : tk::read_samples(tk::samples_folder())) {
         ck::PreparedCall call;
         std::string error;
         if (!ck::parse_line(s.text, call, error)) continue;

@@ -5,6 +5,8 @@
 #include <cstring>
 #include <set>
 
+#include "samples.hpp"
+
 namespace orvel::reliability {
 
 namespace {
@@ -19,7 +21,7 @@ void append(std::vector<unsigned char>& out, const T* values, std::size_t n) {
 
 std::vector<SampleCall> parse_samples() {
     std::vector<SampleCall> samples;
-    for (const callkit::Sample& s : callkit::read_samples(callkit::samples_folder())) {
+    for (const testkit::Sample& s : testkit::read_samples(testkit::samples_folder())) {
         SampleCall sample{s.file + ":" + std::to_string(s.line), s.text, {}};
         std::string error;
         if (callkit::parse_line(s.text, sample.call, error))
