@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <set>
 
 #include "samples.hpp"
 
@@ -30,15 +29,6 @@ std::vector<SampleCall> parse_samples() {
             ADD_FAILURE() << sample.where << ": " << s.text << ": " << error;
     }
     return samples;
-}
-
-std::vector<std::string> exports_without_sample(const std::vector<SampleCall>& samples) {
-    std::set<std::string> sampled;
-    for (const SampleCall& s : samples) sampled.insert(s.call.entry().name);
-    std::vector<std::string> missing;
-    for (const exports::ExportSpec& e : exports::table())
-        if (sampled.count(e.name) == 0) missing.push_back(std::string(e.name) + " (" + e.section + ")");
-    return missing;
 }
 
 int arg_index(const exports::ExportSpec& e, const char* name) {
