@@ -6,13 +6,15 @@
 #include <vector>
 
 #include "call_syntax.hpp"
+#include "samples.hpp"
 
 namespace {
 
 namespace ck = orvel::callkit;
+namespace tk = orvel::testkit;
 
-const std::vector<ck::Sample>& samples() {
-    static const std::vector<ck::Sample> all = ck::read_samples(ck::samples_folder());
+const std::vector<tk::Sample>& samples() {
+    static const std::vector<tk::Sample> all = tk::read_samples(tk::samples_folder());
     return all;
 }
 
@@ -20,7 +22,7 @@ const std::vector<ck::Sample>& samples() {
 std::vector<ck::PreparedCall> prepared_samples(bool invoked) {
     std::vector<ck::PreparedCall> calls;
     std::string error;
-    for (const ck::Sample& s : samples()) {
+    for (const tk::Sample& s : samples()) {
         ck::PreparedCall call;
         if (!ck::parse_line(s.text, call, error)) continue;
         if (invoked) call.invoke();
@@ -32,7 +34,7 @@ std::vector<ck::PreparedCall> prepared_samples(bool invoked) {
 void BM_ParseAllSamples(benchmark::State& state) {
     std::string error;
     for (auto _ : state) {
-        for (const ck::Sample& s : samples()) {
+        for (const tk::Sample& s : samples()) {
             ck::PreparedCall call;
             benchmark::DoNotOptimize(ck::parse_line(s.text, call, error));
         }

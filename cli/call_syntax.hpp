@@ -100,13 +100,4 @@ std::string typed_signature(const exports::ExportSpec& e);
 // The export as the list has it, e.g. "d_trunc_rnd f64 num:f64 places:i32 rnd:i32".
 std::string listed_signature(const exports::ExportSpec& e);
 
-// The sample calls: one realistic call per line in tests/calls/*.calls.
-struct Sample {
-    std::string file;  // file name without its folder
-    int line = 0;
-    std::string text;  // the call, comment stripped
-};
-std::vector<Sample> read_samples(const std::string& folder);
-std::string samples_folder();  // the source tree's tests/calls
-
 }  // namespace orvel::callkit

@@ -1,3 +1,5 @@
+// The 30/360 kernels on every month-end shape, against counts worked by hand. The dispatcher, the actual
+// counts and the year bases are rows of tests/calls/calendar.calls.
 #include <gtest/gtest.h>
 
 #include "orvel/calendar.h"
@@ -81,65 +83,6 @@ TEST(Thirty360, MonthEndShapesAgainstHandCounts) {
         EXPECT_EQ(days_new360(p.m1, p.d1, p.y1, p.m2, p.d2, p.y2), r.month_end);
         EXPECT_EQ(days_eurp360(p.m1, p.d1, p.y1, p.m2, p.d2, p.y2), r.eur);
     }
-}
-
-struct ActualRow {
-    Pair p;
-    int32_t act, no_leap;
-};
-
-TEST(ActualDays, LeapDayCountsOnlyInActual) {
-    const ActualRow rows[] = {
-        {{2, 1, 2000, 3, 1, 2000}, 29, 28},  // 29 Feb 2000 counted / not
-        {{2, 28, 2000, 3, 1, 2000}, 2, 1},
-        {{2, 29, 2000, 3, 1, 2000}, 1, 0},  // 29 February counts as 1 March
-        {{1, 1, 2000, 1, 1, 2001}, 366, 365},
-        {{1, 1, 1900, 1, 1, 1901}, 365, 365},  // 1900 is no leap year
-        {{3, 1, 2000, 3, 1, 2001}, 365, 365},
-        {{1, 1, 2001, 1, 1, 2000}, -366, -365},        // signed
-        {{1, 1, 1800, 12, 31, 2300}, 182985, 182864},  // 2561482 - 2378497; 182985 less 121 leap days
-    };
-    for (const ActualRow& r : rows) {
-        const Pair& p = r.p;
-        SCOPED_TRACE(testing::Message() << p);
-        EXPECT_EQ(days_act(p.m1, p.d1, p.y1, p.m2, p.d2, p.y2), r.act);
-        EXPECT_EQ(days_act_nl(p.m1, p.d1, p.y1, p.m2, p.d2, p.y2), r.no_leap);
-        EXPECT_EQ(days_base00(p.m2, p.d2, p.y2) - days_base00(p.m1, p.d1, p.y1), r.act);
-        EXPECT_EQ(days_bsnl(p.m2, p.d2, p.y2) - days_bsnl(p.m1, p.d1, p.y1), r.no_leap);
-    }
-}
-
-// The dispatcher sends each code to its kernel.
-TEST(DayCount, EachCodeCountsWithItsKernel) {
-    using Kernel = int32_t (*)(int32_t, int32_t, int32_t, int32_t, int32_t, int32_t);
-    const Kernel by_code[14] = {nullptr,  days_act, days_nasd360, days_msrb360, days_sia360,  days_aibd360, days_new360,
-                                days_act, days_act, days_act_nl,  days_sia360,  days_eurp360, days_act,     days_act};
-    const Pair pairs[] = {{1, 31, 2001, 3, 31, 2001}, {2, 28, 2001, 3, 31, 2001},   {2, 1, 2000, 3, 1, 2000},
-                          {2, 29, 2000, 2, 28, 2001}, {12, 31, 1999, 12, 31, 2000}, {8, 15, 2001, 8, 31, 2001}};
-    uint32_t err = 0;
-    for (int32_t code = 1; code <= 13; ++code) {
-        for (const Pair& p : pairs) {
-            SCOPED_TRACE(testing::Message() << "day_type " << code << ", " << p);
-            EXPECT_EQ(days_b_MDYs(p.m1, p.d1, p.y1, p.m2, p.d2, p.y2, code, 1, &err),
-                      by_code[code](p.m1, p.d1, p.y1, p.m2, p.d2, p.y2));
-        }
-    }
-    EXPECT_EQ(err, 0u);
-}
-
-TEST(YearBasis, ActualYearFromTheDate) {
-    uint32_t err = 0;
-    EXPECT_EQ(days_yrbasis(3, 1, 1999, 1, 1, &err), 366);  // the year to 3/1/2000 holds 29 February
-    EXPECT_EQ(days_yrbasis(3, 1, 2000, 1, 1, &err), 365);
-    EXPECT_EQ(days_yrbasis(2, 28, 1999, 1, 1, &err), 366);  // month end kept: to 2/29/2000
-    EXPECT_EQ(days_yrbasis(2, 29, 2000, 1, 1, &err), 365);  // to 2/28/2001
-    const int32_t fixed[14] = {0, 0, 360, 360, 360, 360, 360, 360, 365, 365, 360, 360, 365, 365};
-    for (int32_t code = 2; code <= 13; ++code) {
-        SCOPED_TRACE(code);
-        EXPECT_EQ(days_yrbasis(6, 15, 2000, code, 1, &err), fixed[code]);
-        EXPECT_EQ(is_dt_dn_365(code, 1, &err), fixed[code] == 365 ? 1 : 0);
-    }
-    EXPECT_EQ(err, 0u);
 }
 
 }  // namespace

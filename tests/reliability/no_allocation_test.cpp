@@ -126,13 +126,8 @@ TEST(NoAllocation, CounterSeesEveryAllocationFunction) {
 }
 
 TEST(NoAllocation, EverySampleCallAllocatesNothing) {
-    auto samples = orvel::reliability::parse_samples();
-    const auto missing = orvel::reliability::exports_without_sample(samples);
-    std::string list;
-    for (const std::string& name : missing) list += " " + name;
-    EXPECT_TRUE(missing.empty()) << missing.size() << " exports have no sample call in tests/calls/*.calls, so "
-                                 << "nothing shows that they allocate nothing:" << list;
-    for (SampleCall& s : samples) {
+    // Samples.EveryExportHasASampleAndEveryErrorWrittenHasAMeaning sees that no export is left out.
+    for (SampleCall& s : orvel::reliability::parse_samples()) {
         SCOPED_TRACE(s.where + ": " + s.text);
         // A function with a validate flag is called both ways: validators and calculation paths differ.
         const int validate = arg_index(s.call.entry(), "validate");

@@ -3,7 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <set>
+
+#include "samples.hpp"
 
 namespace orvel::reliability {
 
@@ -19,7 +20,7 @@ void append(std::vector<unsigned char>& out, const T* values, std::size_t n) {
 
 std::vector<SampleCall> parse_samples() {
     std::vector<SampleCall> samples;
-    for (const callkit::Sample& s : callkit::read_samples(callkit::samples_folder())) {
+    for (const testkit::Sample& s : testkit::read_samples(testkit::samples_folder())) {
         SampleCall sample{s.file + ":" + std::to_string(s.line), s.text, {}};
         std::string error;
         if (callkit::parse_line(s.text, sample.call, error))
@@ -28,15 +29,6 @@ std::vector<SampleCall> parse_samples() {
             ADD_FAILURE() << sample.where << ": " << s.text << ": " << error;
     }
     return samples;
-}
-
-std::vector<std::string> exports_without_sample(const std::vector<SampleCall>& samples) {
-    std::set<std::string> sampled;
-    for (const SampleCall& s : samples) sampled.insert(s.call.entry().name);
-    std::vector<std::string> missing;
-    for (const exports::ExportSpec& e : exports::table())
-        if (sampled.count(e.name) == 0) missing.push_back(std::string(e.name) + " (" + e.section + ")");
-    return missing;
 }
 
 int arg_index(const exports::ExportSpec& e, const char* name) {

@@ -18,9 +18,6 @@ struct SampleCall {
 // Every sample line, parsed; a line that does not parse is reported as a test failure and left out.
 std::vector<SampleCall> parse_samples();
 
-// Names of the exports of the table that no sample calls, with their sections.
-std::vector<std::string> exports_without_sample(const std::vector<SampleCall>& samples);
-
 // Index of the argument of that name, -1 when the export has none.
 int arg_index(const exports::ExportSpec& e, const char* name);
 
