@@ -74,10 +74,14 @@ namespace orvel::bond {
 
 using orvel::Check;
 
+// Run on a scratch word (Check::call): the 0 the group writes after supplying a default is its own clean-up,
+// and an engine that succeeds leaves the caller's err_code alone.
 bool valid_bond_dates(Date settle, Date mat, Date* dated, Date* first_cpn, int32_t day_type, int32_t eom,
                       int32_t cpn_freq, uint32_t* err_code) {
-    return ok_bond_MDYs(settle.m, settle.d, settle.y, mat.m, mat.d, mat.y, &dated->m, &dated->d, &dated->y,
-                        &first_cpn->m, &first_cpn->d, &first_cpn->y, day_type, eom, cpn_freq, err_code) != 0;
+    return Check(err_code)
+        .call(0, ok_bond_MDYs, settle.m, settle.d, settle.y, mat.m, mat.d, mat.y, &dated->m, &dated->d, &dated->y,
+              &first_cpn->m, &first_cpn->d, &first_cpn->y, day_type, eom, cpn_freq)
+        .ok();
 }
 
 double reduce(const Date& settle, const Date& mat, Date dated, Date first_cpn, double cpn_rate, int32_t day_type,

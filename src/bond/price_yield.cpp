@@ -64,10 +64,13 @@ ORVEL_EXPORT(void) bond_py_ai(int32_t method, int32_t day_type, int32_t eom, int
                               uint32_t* err_code) {
     using namespace orvel::bond;
     using orvel::Date;
+    // The input group runs on a scratch word: its clean-up 0 after a supplied default stays inside it.
     if (validate != 0 &&
-        !ok_bond_in(day_type, eom, cpn_freq, calc_type, given, cpn_rate, settle_m, settle_d, settle_y, mat_m, mat_d,
-                    mat_y, dated_m, dated_d, dated_y, first_cpn_m, first_cpn_d, first_cpn_y, redemptn, tax1, tax2,
-                    err_code))
+        !orvel::Check(err_code)
+             .call(0, ok_bond_in, day_type, eom, cpn_freq, calc_type, given, cpn_rate, settle_m, settle_d, settle_y,
+                   mat_m, mat_d, mat_y, dated_m, dated_d, dated_y, first_cpn_m, first_cpn_d, first_cpn_y, redemptn,
+                   tax1, tax2)
+             .ok())
         return;
     const Date settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
     const Date dated{dated_m, dated_d, dated_y}, first_cpn{first_cpn_m, first_cpn_d, first_cpn_y};

@@ -149,11 +149,9 @@ ORVEL_EXPORT(void) bond_risk(int32_t sec_type, int32_t day_type, int32_t eom, in
     using namespace orvel::bond;
     if (validate != 0 && !orvel::Check(err_code)
                               .step([&](uint32_t* e) { return known_sec_type(sec_type, e); })
-                              .step([&](uint32_t* e) {
-                                  return ok_bond_in(day_type, eom, cpn_freq, calc_type, given, cpn_rate, settle_m,
-                                                    settle_d, settle_y, mat_m, mat_d, mat_y, dated_m, dated_d, dated_y,
-                                                    first_cpn_m, first_cpn_d, first_cpn_y, redemptn, 0.0, 0.0, e);
-                              })
+                              .call(0, ok_bond_in, day_type, eom, cpn_freq, calc_type, given, cpn_rate, settle_m,
+                                    settle_d, settle_y, mat_m, mat_d, mat_y, dated_m, dated_d, dated_y, first_cpn_m,
+                                    first_cpn_d, first_cpn_y, redemptn, 0.0, 0.0)
                               .ok())
         return;
     if (calc_type != 1 && calc_type != 2) {
