@@ -18,6 +18,15 @@ struct Bond {
     double cpn;
     int32_t settle[3], mat[3], dated[3], first[3];
 };
+// The settlement, maturity, dated and first coupon dates, in the order every bond export takes them.
+#define DATES(b)                                                                                                  \
+    (b).settle[0], (b).settle[1], (b).settle[2], (b).mat[0], (b).mat[1], (b).mat[2], (b).dated[0], (b).dated[1], \
+        (b).dated[2], (b).first[0], (b).first[1], (b).first[2]
+
+std::ostream& operator<<(std::ostream& os, const Bond& b) {
+    for (const int32_t* x : {b.settle, b.mat, b.dated, b.first}) os << x[0] << "/" << x[1] << "/" << x[2] << " ";
+    return os << "day_type " << b.day_type << " eom " << b.eom << " freq " << b.freq << " cpn " << b.cpn;
+}
 
 struct Listed {
     std::vector<int32_t> m, d, y;
@@ -30,9 +39,8 @@ Listed flows_of(const Bond& b) {
     Listed l;
     l.m.resize(500); l.d.resize(500); l.y.resize(500); l.amts.resize(500); l.times.resize(500);
     uint32_t err = 0;
-    bond_flows(b.day_type, b.eom, b.freq, b.cpn, b.settle[0], b.settle[1], b.settle[2], b.mat[0], b.mat[1], b.mat[2],
-               b.dated[0], b.dated[1], b.dated[2], b.first[0], b.first[1], b.first[2], 100.0, 500, l.m.data(),
-               l.d.data(), l.y.data(), l.amts.data(), l.times.data(), &l.count, &l.ai, 0, &err);
+    bond_flows(b.day_type, b.eom, b.freq, b.cpn, DATES(b), 100.0, 500, l.m.data(), l.d.data(), l.y.data(),
+               l.amts.data(), l.times.data(), &l.count, &l.ai, 0, &err);
     EXPECT_EQ(err, 0u);
     return l;
 }
@@ -47,9 +55,7 @@ double value_of(const Listed& l, double yld, int freq) {
 
 double py(const Bond& b, int32_t calc_type, double given, double* ai, uint32_t* err) {
     double result = 0.0;
-    bond_py_ai(1, b.day_type, b.eom, b.freq, calc_type, given, b.cpn, b.settle[0], b.settle[1], b.settle[2], b.mat[0],
-               b.mat[1], b.mat[2], b.dated[0], b.dated[1], b.dated[2], b.first[0], b.first[1], b.first[2], 100.0, 0.0,
-               0.0, &result, ai, 1, err);
+    bond_py_ai(1, b.day_type, b.eom, b.freq, calc_type, given, b.cpn, DATES(b), 100.0, 0.0, 0.0, &result, ai, 1, err);
     return result;
 }
 
@@ -107,12 +113,7 @@ TEST(BondSweep, YieldRoundTripAndFlowsAgreeWithThePrice) {
     int i = 0;
     for (const Bond& b : sweep()) {
         const double y = ylds[i++ % 5];
-        SCOPED_TRACE(testing::Message() << "settle " << b.settle[0] << "/" << b.settle[1] << "/" << b.settle[2]
-                                        << " mat " << b.mat[0] << "/" << b.mat[1] << "/" << b.mat[2] << " dated "
-                                        << b.dated[0] << "/" << b.dated[1] << "/" << b.dated[2] << " first "
-                                        << b.first[0] << "/" << b.first[1] << "/" << b.first[2] << " day_type "
-                                        << b.day_type << " eom " << b.eom << " freq " << b.freq << " cpn " << b.cpn
-                                        << " y " << y);
+        SCOPED_TRACE(testing::Message() << b << " y " << y);
         double ai = 0.0;
         uint32_t err = 0;
         const double price = py(b, 1, y, &ai, &err);
@@ -138,9 +139,7 @@ TEST(BondSweep, YieldRoundTripAndFlowsAgreeWithThePrice) {
         EXPECT_EQ(l.ai, ai);
         double nxt = 0, cpn_amt = 0;
         int32_t n_after = 0;
-        bond_ai(b.settle[0], b.settle[1], b.settle[2], b.mat[0], b.mat[1], b.mat[2], b.dated[0], b.dated[1],
-                b.dated[2], b.first[0], b.first[1], b.first[2], b.cpn, b.day_type, b.eom, b.freq, &nxt, &cpn_amt,
-                &n_after, 0, &err);
+        bond_ai(DATES(b), b.cpn, b.day_type, b.eom, b.freq, &nxt, &cpn_amt, &n_after, 0, &err);
         ASSERT_EQ(l.count, n_after + 1);
         if (n_after >= 1) {
             EXPECT_NEAR(value_of(l, y, b.freq) - ai, price, 1e-9 * std::max(1.0, price));
@@ -163,17 +162,12 @@ TEST(BondSweep, DurationAndConvexityMatchFiniteDifferences) {
     for (const Bond& b : sweep()) {
         if (++i % 3 != 0) continue;
         const double y = 2.0 + (i % 7) * 2.5;
-        SCOPED_TRACE(testing::Message() << "settle " << b.settle[0] << "/" << b.settle[1] << "/" << b.settle[2]
-                                        << " freq " << b.freq << " day_type " << b.day_type << " y " << y);
+        SCOPED_TRACE(testing::Message() << b << " y " << y);
         double mac = 0, mod = 0;
         uint32_t err = 0;
-        bond_dur(0.0, y, b.cpn, 100.0, b.day_type, b.eom, b.freq, b.settle[0], b.settle[1], b.settle[2], b.mat[0],
-                 b.mat[1], b.mat[2], b.dated[0], b.dated[1], b.dated[2], b.first[0], b.first[1], b.first[2], &mac,
-                 &mod, 1, &err);
+        bond_dur(0.0, y, b.cpn, 100.0, b.day_type, b.eom, b.freq, DATES(b), &mac, &mod, 1, &err);
         if (err != 0) continue;
-        const double cvx = bond_cvx(0.0, y, b.cpn, 100.0, b.day_type, b.eom, b.freq, b.settle[0], b.settle[1],
-                                    b.settle[2], b.mat[0], b.mat[1], b.mat[2], b.dated[0], b.dated[1], b.dated[2],
-                                    b.first[0], b.first[1], b.first[2], 1, &err);
+        const double cvx = bond_cvx(0.0, y, b.cpn, 100.0, b.day_type, b.eom, b.freq, DATES(b), 1, &err);
         ASSERT_EQ(err, 0u);
         const Listed l = flows_of(b);
         const double h = 1e-3;  // percent
@@ -187,24 +181,19 @@ TEST(BondSweep, DurationAndConvexityMatchFiniteDifferences) {
         EXPECT_NEAR(mac, weighted / mid, 1e-9 * std::max(1.0, mac));
         // The estimate from three prices agrees to the order of the shift squared (a shift of 0 takes 0.01).
         for (double shift : {0.01, 0.0}) {
-            const double est = bond_est_cvx(y, b.cpn, 100.0, b.day_type, b.eom, b.freq, b.settle[0], b.settle[1],
-                                            b.settle[2], b.mat[0], b.mat[1], b.mat[2], b.dated[0], b.dated[1],
-                                            b.dated[2], b.first[0], b.first[1], b.first[2], shift, 1, &err);
+            const double est = bond_est_cvx(y, b.cpn, 100.0, b.day_type, b.eom, b.freq, DATES(b), shift, 1, &err);
             EXPECT_NEAR(est, cvx, 1e-4 * std::max(1.0, cvx));
         }
         // The risk set in one call (unrounded) is these measures at the yield of the clean price it is given.
         double ai = 0.0;
         const double clean = py(b, 1, y, &ai, &err);
         double r[8];
-        bond_risk(7, b.day_type, b.eom, b.freq, 2, clean, b.cpn, b.settle[0], b.settle[1], b.settle[2], b.mat[0],
-                  b.mat[1], b.mat[2], b.dated[0], b.dated[1], b.dated[2], b.first[0], b.first[1], b.first[2], 100.0,
-                  r, r + 1, r + 2, r + 3, r + 4, r + 5, r + 6, r + 7, 1, &err);
+        bond_risk(7, b.day_type, b.eom, b.freq, 2, clean, b.cpn, DATES(b), 100.0, r, r + 1, r + 2, r + 3, r + 4, r + 5,
+                  r + 6, r + 7, 1, &err);
         ASSERT_EQ(err, 0u);
         const double solved = py(b, 2, clean, &ai, &err);
         double mac_at = 0, mod_at = 0;
-        bond_dur(0.0, solved, b.cpn, 100.0, b.day_type, b.eom, b.freq, b.settle[0], b.settle[1], b.settle[2],
-                 b.mat[0], b.mat[1], b.mat[2], b.dated[0], b.dated[1], b.dated[2], b.first[0], b.first[1],
-                 b.first[2], &mac_at, &mod_at, 1, &err);
+        bond_dur(0.0, solved, b.cpn, 100.0, b.day_type, b.eom, b.freq, DATES(b), &mac_at, &mod_at, 1, &err);
         EXPECT_EQ(r[0], clean);
         EXPECT_EQ(r[1], solved);
         EXPECT_EQ(r[2], ai);

@@ -58,11 +58,4 @@ TEST(TruncRound, EveryPlacesOverTheDoubleRange) {
     }
 }
 
-// The spare pointers of the version query are never touched (its values are a row of frame.calls).
-TEST(Version, SparesUntouched) {
-    int32_t v[9] = {0, 0, 0, 0, 0, -7, -7, -7, -7};
-    ZEBA_vers(&v[0], &v[1], &v[2], &v[3], &v[4], &v[5], &v[6], &v[7], &v[8]);
-    for (int k = 5; k < 9; ++k) EXPECT_EQ(v[k], -7);
-}
-
 }  // namespace

@@ -102,6 +102,12 @@ TEST(HolidayTable, TakesThreeThousandWeekdaysAndNoMore) {
     EXPECT_EQ(err, 5400u);
 }
 
+// The coupon bond settled 3/1/2024, maturing 11/15/2033, semi-annual actual/actual under eom.
+int32_t bond_dates(D dated, D first, uint32_t* e) {
+    return ok_bond_MDYs(3, 1, 2024, 11, 15, 2033, &dated.m, &dated.d, &dated.y, &first.m, &first.d, &first.y, 1, 1, 2,
+                        e);
+}
+
 // A success leaves err_code as the caller set it, but for the documented clean-ups: an accepted non-empty
 // holiday table, a date group that supplied a default over its own probe's 1500, and the sorts after a
 // comparison that keeps the order. The input groups run their date group on copies: no clean-up.
@@ -114,16 +120,8 @@ TEST(ErrCode, SuccessLeavesItAloneButForTheCleanUps) {
     } const rows[] = {
         {"holiday table", [&](uint32_t* e) { return ok_hol_table(1, holidays, e); }, 0},
         {"empty holiday table", [](uint32_t* e) { return ok_hol_table(0, nullptr, e); }, 77},
-        {"bond dates as given", [](uint32_t* e) {
-             D dated{11, 15, 2023}, first{5, 15, 2024};
-             return ok_bond_MDYs(3, 1, 2024, 11, 15, 2033, &dated.m, &dated.d, &dated.y, &first.m, &first.d, &first.y,
-                                 1, 1, 2, e);
-         }, 77},
-        {"bond dates, first coupon supplied", [](uint32_t* e) {
-             D dated{11, 15, 2023}, first{0, 0, 0};
-             return ok_bond_MDYs(3, 1, 2024, 11, 15, 2033, &dated.m, &dated.d, &dated.y, &first.m, &first.d, &first.y,
-                                 1, 1, 2, e);
-         }, 0},
+        {"bond dates as given", [](uint32_t* e) { return bond_dates({11, 15, 2023}, {5, 15, 2024}, e); }, 77},
+        {"bond dates, first coupon filled", [](uint32_t* e) { return bond_dates({11, 15, 2023}, {}, e); }, 0},
         {"bond inputs with blank dates", [](uint32_t* e) {
              return ok_bond_in(1, 1, 2, 2, 99.5, 6.5, 3, 1, 2024, 11, 15, 2033, 0, 0, 0, 0, 0, 0, 100, 0, 0, e);
          }, 77},

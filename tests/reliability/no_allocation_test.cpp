@@ -49,28 +49,15 @@ void* __libc_realloc(void* p, std::size_t size);
 void* __libc_memalign(std::size_t alignment, std::size_t size);
 void __libc_free(void* p);
 
-void* malloc(std::size_t size) noexcept {
-    note_allocation();
-    return __libc_malloc(size);
-}
-void* calloc(std::size_t count, std::size_t size) noexcept {
-    note_allocation();
-    return __libc_calloc(count, size);
-}
-void* realloc(void* p, std::size_t size) noexcept {
-    note_allocation();
-    return __libc_realloc(p, size);
-}
+void* malloc(std::size_t size) noexcept { return note_allocation(), __libc_malloc(size); }
+void* calloc(std::size_t count, std::size_t size) noexcept { return note_allocation(), __libc_calloc(count, size); }
+void* realloc(void* p, std::size_t size) noexcept { return note_allocation(), __libc_realloc(p, size); }
 void* aligned_alloc(std::size_t alignment, std::size_t size) noexcept {
-    note_allocation();
-    return __libc_memalign(alignment, size);
+    return note_allocation(), __libc_memalign(alignment, size);
 }
 int posix_memalign(void** out, std::size_t alignment, std::size_t size) noexcept {
-    note_allocation();
-    void* p = __libc_memalign(alignment, size);
-    if (p == nullptr) return ENOMEM;
-    *out = p;
-    return 0;
+    void* p = (note_allocation(), __libc_memalign(alignment, size));
+    return p == nullptr ? ENOMEM : (*out = p, 0);
 }
 void free(void* p) noexcept {
     if (p != nullptr) note_allocation();

@@ -17,6 +17,9 @@ struct Bond {
     int32_t freq, eom;
     const char* name;
 };
+// Maturity, dated, first and last regular coupon, in the order the odd-period exports take them.
+#define ODD_BOND(b) (b).mat.m, (b).mat.d, (b).mat.y, (b).dated.m, (b).dated.d, (b).dated.y, (b).first.m, (b).first.d, \
+                    (b).first.y, (b).last.m, (b).last.d, (b).last.y
 
 const Bond kBonds[] = {
     {{3, 1, 2030}, {2, 1, 2021}, {6, 15, 2021}, {12, 15, 2029}, 2, 0, "short first, short last"},
@@ -49,15 +52,10 @@ TEST(OddPeriods, EverySettlementDayAgreesWithTheWrittenOutSchedule) {
                 const auto want = schedule_testing::scan(dates, s);
                 D pcd{}, ncd{}, p1{}, n1{};
                 uint32_t err = 0;
-                per_cpn_MDYs(s.m, s.d, s.y, b.mat.m, b.mat.d, b.mat.y, b.dated.m, b.dated.d, b.dated.y, b.first.m,
-                             b.first.d, b.first.y, b.last.m, b.last.d, b.last.y, day_type, b.eom, b.freq, &pcd.m,
-                             &pcd.d, &pcd.y, &ncd.m, &ncd.d, &ncd.y, 1, &err);
-                per_pcd(s.m, s.d, s.y, b.mat.m, b.mat.d, b.mat.y, b.dated.m, b.dated.d, b.dated.y, b.first.m,
-                        b.first.d, b.first.y, b.last.m, b.last.d, b.last.y, day_type, b.eom, b.freq, &p1.m, &p1.d,
-                        &p1.y, 0, &err);
-                per_ncd(s.m, s.d, s.y, b.mat.m, b.mat.d, b.mat.y, b.dated.m, b.dated.d, b.dated.y, b.first.m,
-                        b.first.d, b.first.y, b.last.m, b.last.d, b.last.y, day_type, b.eom, b.freq, &n1.m, &n1.d,
-                        &n1.y, 0, &err);
+                per_cpn_MDYs(s.m, s.d, s.y, ODD_BOND(b), day_type, b.eom, b.freq, &pcd.m, &pcd.d, &pcd.y, &ncd.m,
+                             &ncd.d, &ncd.y, 1, &err);
+                per_pcd(s.m, s.d, s.y, ODD_BOND(b), day_type, b.eom, b.freq, &p1.m, &p1.d, &p1.y, 0, &err);
+                per_ncd(s.m, s.d, s.y, ODD_BOND(b), day_type, b.eom, b.freq, &n1.m, &n1.d, &n1.y, 0, &err);
                 ASSERT_EQ(err, 0u);
                 ASSERT_EQ(pcd, want.pcd);
                 ASSERT_EQ(ncd, want.ncd);
