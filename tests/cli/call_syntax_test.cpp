@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
+#include <limits>
 #include <string>
 
 #include "call_syntax.hpp"
@@ -130,17 +132,44 @@ TEST(CallSyntax, ReportAndCsvForms) {
     }
 }
 
-TEST(CallSyntax, DoublesShowFifteenSignificantDigits) {
+TEST(CallSyntax, DoublesShowFifteenOrSeventeenSignificantDigits) {
     struct Case {
         double x;
-        const char* text;
+        const char* text;    // 15 digits, as printf("%.15g")
+        const char* exact;   // 17 digits, as printf("%.17g")
     };
+    const double inf = std::numeric_limits<double>::infinity();
     const Case cases[] = {
-        {0.1 + 0.2, "0.3"},           {1.235, "1.235"},    {-1.3, "-1.3"},
-        {100.0, "100"},               {1e-20, "1e-20"},    {123456789012345678.0, "1.23456789012346e+17"},
-        {99.99999999999999, "100"},   {1.0 / 3.0, "0.333333333333333"},
+        {0.1 + 0.2, "0.3", "0.30000000000000004"},
+        {1.235, "1.235", "1.2350000000000001"},
+        {-1.3, "-1.3", "-1.3"},
+        {100.0, "100", "100"},
+        {1e-20, "1e-20", "9.9999999999999995e-21"},
+        {123456789012345678.0, "1.23456789012346e+17", "1.2345678901234568e+17"},
+        {99.99999999999999, "100", "99.999999999999986"},
+        {1.0 / 3.0, "0.333333333333333", "0.33333333333333331"},
+        {0.0, "0", "0"},
+        {-0.0, "-0", "-0"},
+        {inf, "inf", "inf"},
+        {-inf, "-inf", "-inf"},
+        {std::numeric_limits<double>::quiet_NaN(), "nan", "nan"},
+        {std::numeric_limits<double>::denorm_min(), "4.94065645841247e-324", "4.9406564584124654e-324"},
     };
-    for (const Case& c : cases) EXPECT_EQ(ck::format_double(c.x), c.text);
+    for (const Case& c : cases) {
+        EXPECT_EQ(ck::format_double(c.x), c.text);
+        EXPECT_EQ(ck::format_double(c.x, ck::exact_digits), c.exact);
+    }
+}
+
+// 17 digits give back the double itself, across magnitudes and in the last bit.
+TEST(CallSyntax, ExactDigitsRoundTrip) {
+    double x = 1e-300;
+    for (int k = 0; k < 4000; ++k, x = x * 1.4142135623730951) {
+        for (double y : {x, std::nextafter(x, 0.0), -std::nextafter(x, 1e308)}) {
+            const std::string text = ck::format_double(y, ck::exact_digits);
+            EXPECT_EQ(std::strtod(text.c_str(), nullptr), y) << text;
+        }
+    }
 }
 
 TEST(CallSyntax, SignaturesAsListed) {
