@@ -77,11 +77,12 @@ def main():
     print(f"{len(rows)} calls, {checked} with an expectation, {wrong} wrong")
     differ = 0
     if args.against:
+        name_of_other = pathlib.Path(args.against).name
         other = pathlib.Path(args.against).read_text().splitlines()
         other += ["(no line)"] * (len(lines) - len(other))
         for (where, call, _), got, theirs in zip(rows, lines, other):
             if got != theirs:
-                print(f"{where}: {call}\n    {args.against}: {theirs}\n    here: {got}")
+                print(f"{where}: {call}\n    {name_of_other}: {theirs}\n    here: {got}")
                 differ += 1
         if len(other) > len(lines):
             print(f"{args.against}: {len(other) - len(lines)} more lines than calls")
