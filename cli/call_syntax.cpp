@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstdio>
 
 namespace orvel::callkit {
 
@@ -225,7 +224,7 @@ std::string csv_field(const std::string& s) {
 }
 
 // The value of an output or io argument after the call, as text.
-std::string value_text(const ArgSpec& a, const ArgValue& v) {
+std::string value_text(const ArgSpec& a, const ArgValue& v, int digits) {
     if (a.kind == Kind::OutChr) {
         const auto end = std::find(v.text.begin(), v.text.begin() + std::max(v.length, 0), '\0');
         return std::string(v.text.begin(), end);
@@ -236,7 +235,7 @@ std::string value_text(const ArgSpec& a, const ArgValue& v) {
     for (int k = first; k < v.length; ++k) {
         if (k > first) out += ',';
         const auto at = static_cast<std::size_t>(k);
-        out += holds_reals(a.kind) ? format_double(v.reals[at]) : std::to_string(v.ints[at]);
+        out += holds_reals(a.kind) ? format_double(v.reals[at], digits) : std::to_string(v.ints[at]);
     }
     return out;
 }
@@ -308,20 +307,21 @@ std::string PreparedCall::report() const {
     if (entry_->result == exports::Result::F64) out += std::string(entry_->name) + " = " + format_double(result_f64()) + "\n";
     for (std::size_t i = 0; i < args_.size(); ++i) {
         const ArgSpec& a = entry_->arg_list[i];
-        if (is_output(a.kind) || is_io(a.kind)) out += std::string(a.name) + " = " + value_text(a, args_[i]) + "\n";
+        if (is_output(a.kind) || is_io(a.kind))
+            out += std::string(a.name) + " = " + value_text(a, args_[i], spreadsheet_digits) + "\n";
     }
     if (has_err()) out += "err_code = " + std::to_string(err_) + " (" + error_text(err_) + ")\n";
     return out;
 }
 
-std::string PreparedCall::csv() const {
+std::string PreparedCall::csv(int digits) const {
     std::string out = entry_->name;
     out += ',';
     if (entry_->result == exports::Result::I32) out += std::to_string(result_i32());
-    if (entry_->result == exports::Result::F64) out += format_double(result_f64());
+    if (entry_->result == exports::Result::F64) out += format_double(result_f64(), digits);
     for (std::size_t i = 0; i < args_.size(); ++i) {
         const ArgSpec& a = entry_->arg_list[i];
-        if (is_output(a.kind) || is_io(a.kind)) out += "," + csv_field(value_text(a, args_[i]));
+        if (is_output(a.kind) || is_io(a.kind)) out += "," + csv_field(value_text(a, args_[i], digits));
     }
     out += ',';
     if (has_err()) out += std::to_string(err_);
@@ -405,10 +405,12 @@ bool parse_line(std::string_view line, PreparedCall& call, std::string& error) {
     return parse(split_words(line), call, error);
 }
 
-std::string format_double(double x) {
-    char buf[32];
-    std::snprintf(buf, sizeof buf, "%.15g", x);
-    return buf;
+std::string format_double(double x, int digits) {
+    // Not snprintf: what it prints depends on the C runtime (msvcrt's writes 1.#INF for inf); to_chars is
+    // the C++ library's own code, one result on every platform.
+    char buf[40];
+    const auto [end, ec] = std::to_chars(buf, buf + sizeof buf, x, std::chars_format::general, digits);
+    return std::string(buf, ec == std::errc() ? end : buf);
 }
 
 std::string format_date(int32_t m, int32_t d, int32_t y) {

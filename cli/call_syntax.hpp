@@ -23,6 +23,9 @@
 namespace orvel::callkit {
 
 inline constexpr int32_t max_capacity = 100000;
+// Significant digits of a double as a spreadsheet shows it, and enough to give back the same double.
+inline constexpr int spreadsheet_digits = 15;
+inline constexpr int exact_digits = 17;
 
 // Storage of one argument: the value as parsed (or the initial content of an output) and the working copy
 // that the export reads and writes.
@@ -62,8 +65,9 @@ public:
 
     // The report: "name = value" lines (result, outputs, io values, err_code with its meaning).
     std::string report() const;
-    // One CSV line: function, result, each output and io value, err_code (fields holding commas quoted).
-    std::string csv() const;
+    // One CSV line: function, result, each output and io value, err_code (fields holding commas quoted);
+    // doubles with that many significant digits.
+    std::string csv(int digits = spreadsheet_digits) const;
 
 private:
     friend bool parse(const exports::ExportSpec& e, const std::vector<std::string_view>& words, PreparedCall& call,
@@ -87,8 +91,9 @@ bool parse(const exports::ExportSpec& e, const std::vector<std::string_view>& wo
            std::string& error);
 bool parse_line(std::string_view line, PreparedCall& call, std::string& error);
 
-// Values as a spreadsheet shows them: 15 significant digits.
-std::string format_double(double x);
+// A double as printf's %.{digits}g prints it in the C locale (nan, inf, -inf as such), digits 1..17; the
+// same characters on every platform and runtime.
+std::string format_double(double x, int digits = spreadsheet_digits);
 std::string format_date(int32_t m, int32_t d, int32_t y);
 std::string error_text(uint32_t number);
 

@@ -17,7 +17,7 @@ constexpr int exit_usage = 2;
 const char* const usage_text =
     "usage: orvel list [PREFIX]        every export (or those whose name starts with PREFIX) with its arguments\n"
     "       orvel call NAME ARG...     call one export and print its result, outputs and err_code\n"
-    "       orvel batch                one call a line on stdin, one CSV line of results a call on stdout\n"
+    "       orvel batch [--exact]      one call a line on stdin, one CSV line of results a call on stdout\n"
     "       orvel --help               this text\n"
     "\n"
     "Arguments are typed in the export's order (orvel list shows it):\n"
@@ -39,7 +39,8 @@ const char* const usage_text =
     "  printf 'd_trunc_rnd 2.5 0 1\\nok_cpn_freq 3\\n' | orvel batch\n"
     "\n"
     "batch prints function,result,outputs...,err_code for each call (an empty field where there is no\n"
-    "result or err_code) and error,LINE,\"message\" for a line that does not parse; '#' starts a comment.\n";
+    "result or err_code) and error,LINE,\"message\" for a line that does not parse; '#' starts a comment.\n"
+    "Doubles show 15 significant digits; batch --exact shows 17, which give back the very same double.\n";
 
 int usage(const std::string& message) {
     std::fprintf(stderr, "orvel: %s\n(orvel --help shows the usage)\n", message.c_str());
@@ -73,7 +74,7 @@ std::string read_stdin() {
     return all;
 }
 
-int batch() {
+int batch(int digits) {
     const std::string input = read_stdin();
     std::string out;
     out.reserve(1 << 20);
@@ -89,7 +90,7 @@ int batch() {
         if (words.empty()) continue;
         if (ck::parse(words, prepared, error)) {
             prepared.invoke();
-            out += prepared.csv();
+            out += prepared.csv(digits);
         } else {
             any_bad = true;
             std::string quoted;
@@ -120,8 +121,9 @@ int main(int argc, char** argv) {
     }
     if (command == "call") return call(argc, argv);
     if (command == "batch") {
-        if (argc > 2) return usage("batch reads its calls from stdin and takes no arguments");
-        return batch();
+        const bool exact = argc == 3 && std::string_view(argv[2]) == "--exact";
+        if (argc > 2 && !exact) return usage("batch reads its calls from stdin and takes no argument but --exact");
+        return batch(exact ? ck::exact_digits : ck::spreadsheet_digits);
     }
     return usage("unknown command '" + std::string(command) + "': expected list, call or batch");
 }

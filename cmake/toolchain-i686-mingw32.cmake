@@ -12,6 +12,11 @@ find_program(CMAKE_AR NAMES ${ORVEL_MINGW_PREFIX}-ar REQUIRED)
 find_program(CMAKE_RANLIB NAMES ${ORVEL_MINGW_PREFIX}-ranlib REQUIRED)
 find_program(ORVEL_OBJDUMP NAMES ${ORVEL_MINGW_PREFIX}-objdump)
 
+# SSE2 arithmetic as on x86-64, not the x87 unit: x87 keeps intermediates in 80 bits, so that
+# d_trunc_rnd(1.3065, 3, 1) would give 1.306 here and 1.307 everywhere else. No fused multiply-add either.
+set(CMAKE_C_FLAGS_INIT "-msse2 -mfpmath=sse -ffp-contract=off")
+set(CMAKE_CXX_FLAGS_INIT "-msse2 -mfpmath=sse -ffp-contract=off")
+
 set(CMAKE_FIND_ROOT_PATH /usr/${ORVEL_MINGW_PREFIX})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)

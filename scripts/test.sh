@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Everything on a fresh machine: installs what is missing, builds with warnings as errors, runs every test,
-# then the Windows module check and, when present, the sanitized tests and a short fuzzing run.
+# then the Windows module check, the sample calls under Wine against Linux and, when present, the sanitized
+# tests and a short fuzzing run.
 # Exits non-zero if any step failed.
 set -uo pipefail
 source "$(dirname "$0")/common.sh"
@@ -20,6 +21,7 @@ if [[ " ${failed[*]} " != *" build "* ]]; then
     step tests ctest --test-dir "$ORVEL_ROOT/build" -j2 --output-on-failure
 fi
 step windows "$ORVEL_ROOT/scripts/windows.sh"
+step wine "$ORVEL_ROOT/scripts/wine.sh"
 [ -x "$ORVEL_ROOT/scripts/sanitize.sh" ] && step sanitize "$ORVEL_ROOT/scripts/sanitize.sh"
 if [ -x "$ORVEL_ROOT/scripts/fuzz.sh" ]; then
     orvel_apt clang libclang-rt-14-dev || echo "could not install clang and libclang-rt-14-dev for fuzzing"

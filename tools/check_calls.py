@@ -8,11 +8,15 @@ it after the function's name: the result, each output, and err_code, comma-separ
     d_trunc_rnd 2.5 0 1 => 3,           result 3, no err_code argument
     bond_ai 4/15/2020 7/1/2025 0/0/0 0/0/0 8 2 0 2 1          a sample call without an expectation
 
-usage: check_calls.py [--dump FILE] CALLS_DIR COMMAND...
+usage: check_calls.py [--dump FILE] [--against FILE] [--parse-only] CALLS_DIR COMMAND...
   COMMAND is the batch command, e.g. `build/orvel batch` or `wine64 build-win64/orvel.exe batch`.
   --dump FILE writes the batch output (one line a call, in file and line order) for a byte-for-byte
   comparison between two builds.
-Exits 1 listing every row whose output differs from its expectation, or when the command fails to run.
+  --against FILE compares the output with another build's dump, line by line and byte for byte.
+  --parse-only checks that every call parses but not the expectations: for `batch --exact`, whose 17
+  significant digits are not the 15 that the expectations are written with.
+Exits 1 listing every row whose output differs from its expectation (or from the other dump), or when the
+command fails to run.
 """
 import argparse
 import pathlib
@@ -37,6 +41,8 @@ def read_rows(folder):
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--dump")
+    parser.add_argument("--against")
+    parser.add_argument("--parse-only", action="store_true")
     parser.add_argument("calls_dir")
     parser.add_argument("command", nargs=argparse.REMAINDER)
     args = parser.parse_args()
@@ -61,15 +67,28 @@ def main():
             print(f"{where}: {call}\n    does not parse: {got}")
             wrong += 1
             continue
-        if expected is None:
+        if expected is None or args.parse_only:
             continue
         name = call.split()[0]
         if got != f"{name},{expected}":
             print(f"{where}: {call}\n    expected {name},{expected}\n    got      {got}")
             wrong += 1
-    checked = sum(1 for _, _, e in rows if e is not None)
+    checked = 0 if args.parse_only else sum(1 for _, _, e in rows if e is not None)
     print(f"{len(rows)} calls, {checked} with an expectation, {wrong} wrong")
-    return 1 if wrong else 0
+    differ = 0
+    if args.against:
+        name_of_other = pathlib.Path(args.against).name
+        other = pathlib.Path(args.against).read_text().splitlines()
+        other += ["(no line)"] * (len(lines) - len(other))
+        for (where, call, _), got, theirs in zip(rows, lines, other):
+            if got != theirs:
+                print(f"{where}: {call}\n    {name_of_other}: {theirs}\n    here: {got}")
+                differ += 1
+        if len(other) > len(lines):
+            print(f"{args.against}: {len(other) - len(lines)} more lines than calls")
+            differ += 1
+        print(f"{differ} of {len(rows)} calls differ from {args.against}")
+    return 1 if wrong or differ else 0
 
 
 if __name__ == "__main__":

@@ -2,7 +2,11 @@
 // The CSV form of `orvel batch` is what tools/check_calls.py compares for every row of tests/calls.
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdlib>
+#include <limits>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -79,12 +83,25 @@ TEST(CallSyntax, ReportForms) {
     }
 }
 
-TEST(CallSyntax, DoublesShowFifteenSignificantDigits) {
-    const std::pair<double, const char*> cases[] = {
-        {0.1 + 0.2, "0.3"},         {1.235, "1.235"}, {-1.3, "-1.3"}, {100.0, "100"}, {1e-20, "1e-20"},
-        {123456789012345678.0, "1.23456789012346e+17"}, {99.99999999999999, "100"}, {1.0 / 3.0, "0.333333333333333"},
+// 15 digits as printf("%.15g") shows them; 17 (--exact) give back the double itself.
+TEST(CallSyntax, DoublesShowFifteenOrSeventeenSignificantDigits) {
+    const double inf = std::numeric_limits<double>::infinity();
+    const std::tuple<double, const char*, const char*> cases[] = {
+        {0.1 + 0.2, "0.3", "0.30000000000000004"}, {1.235, "1.235", "1.2350000000000001"}, {-1.3, "-1.3", "-1.3"},
+        {100.0, "100", "100"}, {1e-20, "1e-20", "9.9999999999999995e-21"}, {0.0, "0", "0"}, {-0.0, "-0", "-0"},
+        {123456789012345678.0, "1.23456789012346e+17", "1.2345678901234568e+17"}, {inf, "inf", "inf"},
+        {99.99999999999999, "100", "99.999999999999986"}, {1.0 / 3.0, "0.333333333333333", "0.33333333333333331"},
+        {-inf, "-inf", "-inf"}, {std::numeric_limits<double>::quiet_NaN(), "nan", "nan"},
+        {std::numeric_limits<double>::denorm_min(), "4.94065645841247e-324", "4.9406564584124654e-324"},
     };
-    for (const auto& [x, text] : cases) EXPECT_EQ(ck::format_double(x), text);
+    for (const auto& [x, text, exact] : cases) {
+        EXPECT_EQ(ck::format_double(x), text);
+        EXPECT_EQ(ck::format_double(x, ck::exact_digits), exact);
+    }
+    double x = 1e-300;
+    for (int k = 0; k < 4000; ++k, x = x * 1.4142135623730951)
+        for (double y : {x, std::nextafter(x, 0.0), -std::nextafter(x, 1e308)})
+            EXPECT_EQ(std::strtod(ck::format_double(y, ck::exact_digits).c_str(), nullptr), y);
 }
 
 TEST(CallSyntax, WordsStopAtAComment) {

@@ -70,6 +70,11 @@ expected = [
     "ZEBA_vers,,1,32,3,19,97,0,0,0,0,",
 ]
 check("batch", out.splitlines() == expected and code == 2, f"exit {code}\n{out}")
+# --exact: 17 significant digits, enough to give back the double (0.1 is 0.1000000000000000055...).
+code, out, _ = run("batch", "--exact", stdin="d_trunc_rnd 0.1 3 1\nrslt_fix_plc 9 2 1.5\n")
+check("batch --exact", code == 0 and out.splitlines() == ["d_trunc_rnd,0.10000000000000001,", "rslt_fix_plc,1.5,300"], out)
+code, _, err = run("batch", "--fast")
+check("batch --fast", code == 2 and "no argument but --exact" in err, err)
 
 # 100,000 calls in a batch: well under a second (printed for the record, bounded generously here).
 big = "d_trunc_rnd 1.23456 3 1\nrslt_fix_plc 9 2 1.5\nok_MDY 2/29/1900 0\nerr_2_text 2171 100\n" * 25000
