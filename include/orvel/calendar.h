@@ -180,10 +180,12 @@ ORVEL_EXPORT(int32_t) sort2_MDYs(int32_t* months, int32_t* days, int32_t* years,
  * are left unspecified).
  * Errors: action not 1, -1 or -2 is 5310. Always (the arrays are never written past capacity): count
  * above capacity, or a merge that needs more than capacity entries, is 13000 (arrays too small). With
- * validate: a bad date at index i of the first list, then of the second, is 12000 + i; the first list
- * not strictly ascending is 7701, the second 7702. On any error the lists are unchanged and 0 is
- * returned. A count or chg_count below 0 is taken as 0. Without validation an unsorted list gives some
- * list, never a write outside the arrays. */
+ * validate: either list longer than 1000 dates (ORVEL_DATE_LIST_MAX) is 14000; a bad date at index i of the
+ * first list, then of the second, is 12000 + i; the first list not strictly ascending is 7701, the second
+ * 7702; a merge that would make the list longer than 1000 dates is 14000. On any error the lists are
+ * unchanged and 0 is returned. A count or chg_count below 0 is taken as 0. Without validation nothing is
+ * reported by index, so the lists may be of any length (capacity permitting), and an unsorted list gives
+ * some list, never a write outside the arrays. */
 ORVEL_EXPORT(int32_t) MDY_maint(int32_t action, int32_t* months, int32_t* days, int32_t* years, double* amounts,
                                 int32_t count, int32_t capacity, const int32_t* chg_months,
                                 const int32_t* chg_days, const int32_t* chg_years, const double* chg_amounts,

@@ -173,7 +173,8 @@ ORVEL_EXPORT(int32_t) MDY_maint(int32_t action, int32_t* months, int32_t* days, 
     check.expect(action == 1 || action == -1 || action == -2, ORVEL_E_MAINT_ACTION)
         .expect(count <= capacity, ORVEL_E_CAPACITY);
     if (validate) {
-        check.step([&](uint32_t* e) { return every_date_ok_by_index(months, days, years, count, e); })
+        check.expect(count <= ORVEL_DATE_LIST_MAX && chg_count <= ORVEL_DATE_LIST_MAX, ORVEL_E_LIST_LENGTH)
+            .step([&](uint32_t* e) { return every_date_ok_by_index(months, days, years, count, e); })
             .step([&](uint32_t* e) { return every_date_ok_by_index(chg_months, chg_days, chg_years, chg_count, e); })
             .step([&](uint32_t* e) {
                 return strictly_ascending(months, days, years, count) || orvel::fail(e, ORVEL_E_LIST_ORDER1);
@@ -189,10 +190,10 @@ ORVEL_EXPORT(int32_t) MDY_maint(int32_t action, int32_t* months, int32_t* days, 
     const ConstAmounts chg{chg_months, chg_days, chg_years, chg_amounts};
     if (action != 1) return remove_dates(list, count, chg, chg_count, action == -2);
     const int64_t total = count + new_dates(list, count, chg, chg_count);
-    if (total > capacity) {
-        orvel::fail(err_code, ORVEL_E_CAPACITY);
+    if (!check.expect(total <= capacity, ORVEL_E_CAPACITY)
+             .expect(!validate || total <= ORVEL_DATE_LIST_MAX, ORVEL_E_LIST_LENGTH)
+             .ok())
         return 0;
-    }
     merge_from_back(list, count, static_cast<int32_t>(total), chg, chg_count);
     return static_cast<int32_t>(total);
 }
