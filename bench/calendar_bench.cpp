@@ -5,6 +5,8 @@
 #include <array>
 #include <chrono>
 #include <cstdint>
+#include <random>
+#include <vector>
 
 #include "calendar/day_count.hpp"
 #include "orvel/calendar.h"
@@ -99,6 +101,30 @@ void isda_dcf_actual(benchmark::State& state) {
 }
 BENCHMARK(isda_dcf_actual);
 
-}  // namespace
+// sort_MDYs on n dates drawn from 20 years (so with many equal dates), amounts carried along; every
+// iteration sorts a fresh copy of the same list.
+void sort_MDYs_random(benchmark::State& state) {
+    const auto n = static_cast<size_t>(state.range(0));
+    const auto validate = static_cast<int32_t>(state.range(1));
+    std::mt19937 rng(7);
+    std::uniform_int_distribution<int32_t> day(MDY_2_julian(1, 1, 2000), MDY_2_julian(12, 31, 2019));
+    std::vector<int32_t> m0(n), d0(n), y0(n);
+    std::vector<double> v0(n);
+    for (size_t i = 0; i < n; ++i) {
+        julian_2_MDY(day(rng), &m0[i], &d0[i], &y0[i]);
+        v0[i] = static_cast<double>(i);
+    }
+    std::vector<int32_t> m, d, y;
+    std::vector<double> v;
+    uint32_t err = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        m = m0, d = d0, y = y0, v = v0;
+        state.ResumeTiming();
+        benchmark::DoNotOptimize(sort_MDYs(m.data(), d.data(), y.data(), v.data(), static_cast<int32_t>(n), validate, &err));
+    }
+    state.SetLabel(validate ? "validate" : "no validation");
+}
+BENCHMARK(sort_MDYs_random)->ArgsProduct({{1000, 10000, 100000}, {0, 1}})->Unit(benchmark::kMillisecond);
 
-BENCHMARK_MAIN();
+}  // namespace

@@ -6,12 +6,17 @@
 //              the rounding branch instead (below)
 //   scalars    every non-array argument in list order:
 //                i32       tag byte, then the value (see read_i32); the arguments that count an array take
-//                          one byte as int8 % 65 (-64..64), `validate` one byte (0, 1 or -1)
+//                          one byte as int8 % 65 (-64..64), except that the bytes 0x80..0x8f are followed
+//                          by two bytes for a long count of 900..1149 (past the 1000-date bound of the
+//                          date lists); `validate` one byte (0, 1 or -1)
 //                f64       tag byte, then the value (see read_f64)
 //                date      tag byte, then the three parts (see read_date); io dates alike
 //                outputs   nothing (filled with a sentinel)
 //   arrays     every array argument in list order, as many elements as its count (count + 1 for 1-based
-//              tables, none for a negative count), each element as an i32 or f64 scalar
+//              tables, none for a negative count), each element as an i32 or f64 scalar; an array of more
+//              than 64 elements as a byte k, k % 8 + 1 elements repeated through the array, then two bytes
+//              of an index (modulo its length) and the element put there (a long list of good dates with
+//              one bad date anywhere takes a few bytes)
 // fuzz/make_corpus.py writes seeds in this layout from the sample calls.
 //
 // The rounding branch (selector 255): 8 bytes of a double's bit pattern, 4 of places, 4 of rnd, each taken
@@ -44,6 +49,7 @@ using orvel::exports::Frame;
 using orvel::exports::Kind;
 
 constexpr int32_t max_count = 64;
+constexpr int32_t long_count = 900;  // long counts are 900..1149
 constexpr int32_t sentinel_i32 = -7777777;
 constexpr double sentinel_f64 = -7777777.25;
 
@@ -118,7 +124,11 @@ public:
         }
     }
 
-    int32_t read_count() { return static_cast<int8_t>(byte()) % (max_count + 1); }
+    int32_t read_count() {
+        const uint8_t b = byte();
+        if (b >= 0x80 && b <= 0x8f) return long_count + raw<uint16_t>() % 250;
+        return static_cast<int8_t>(b) % (max_count + 1);
+    }
 
     int32_t read_validate() {
         switch (byte() % 3) {
@@ -224,6 +234,22 @@ void fill_scalar(Input& in, const ExportSpec& e, int index, Frame& f, Arguments&
     }
 }
 
+// The elements of an input array: one by one, or for a long array a repeated pattern and one element put
+// at a chosen index (see the input layout).
+template <class T, class Read>
+void fill_elements(Input& in, T* p, size_t n, Read read) {
+    if (n <= static_cast<size_t>(max_count) + 1) {
+        for (size_t j = 0; j < n; ++j) p[j] = read();
+        return;
+    }
+    T pattern[8];
+    const size_t k = in.byte() % 8 + 1;
+    for (size_t j = 0; j < k; ++j) pattern[j] = read();
+    for (size_t j = 0; j < n; ++j) p[j] = pattern[j % k];
+    const size_t at = in.raw<uint16_t>() % n;
+    p[at] = read();
+}
+
 void fill_array(Input& in, const ExportSpec& e, int index, Frame& f, Arguments& args) {
     const ArgSpec& a = e.arg_list[index];
     const int32_t count = f.i[e.arg_list[a.count_arg].first_param];
@@ -233,7 +259,7 @@ void fill_array(Input& in, const ExportSpec& e, int index, Frame& f, Arguments& 
         case Kind::ArrI32:
         case Kind::IoArrI32: {
             auto* p = static_cast<int32_t*>(args.i32_block(n, 0));
-            for (size_t j = 0; j < n; ++j) p[j] = in.read_i32();
+            fill_elements(in, p, n, [&in] { return in.read_i32(); });
             if (a.kind == Kind::ArrI32) args.keep_input(a.name, p, n * sizeof *p);
             f.p[k] = p;
             return;
@@ -241,7 +267,7 @@ void fill_array(Input& in, const ExportSpec& e, int index, Frame& f, Arguments& 
         case Kind::ArrF64:
         case Kind::IoArrF64: {
             auto* p = static_cast<double*>(args.f64_block(n, 0.0));
-            for (size_t j = 0; j < n; ++j) p[j] = in.read_f64();
+            fill_elements(in, p, n, [&in] { return in.read_f64(); });
             if (a.kind == Kind::ArrF64) args.keep_input(a.name, p, n * sizeof *p);
             f.p[k] = p;
             return;

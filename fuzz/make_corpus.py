@@ -145,7 +145,7 @@ def encode_plain(entry):
 def sample_lines(source):
     for path in sorted((source / "tests" / "calls").glob("*.calls")):
         for lineno, raw in enumerate(path.read_text().splitlines(), 1):
-            line = raw.split("#", 1)[0].split("=>", 1)[0].strip()  # without the expected output
+            line = raw.split("#", 1)[0].split("=>", 1)[0].strip()  # the call, without its expected output
             if line:
                 yield f"{path.name}:{lineno}", line.split()
 

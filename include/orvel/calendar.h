@@ -152,12 +152,17 @@ ORVEL_EXPORT(double) years_b_MDYs(int32_t m1, int32_t d1, int32_t y1, int32_t m2
 /* ---- Date lists ------------------------------------------------------------------------------------- */
 /* A date list is three parallel arrays (months, days, years) with companion values, count entries long. */
 
-/* Sorts the dates ascending in calendar order, exchanging vals with them. A stable bubble sort: equal
- * dates keep their order; it stops after a pass without an exchange. Each comparison that does not
- * exchange writes 0 to err_code (so a call that compares anything leaves err_code 0 on success).
- * A count below 2 does nothing. With validate every date is checked first as a required date; the first
- * bad one gives the number of ok_MDY (1100, 1200, 1300, 1500) and nothing is sorted. Returns 1, or 0 on
- * failure. */
+/* Sorts the dates ascending in calendar order (by day number), exchanging vals with them. Stable: equal
+ * dates keep their order, so the result is the one of a bubble sort that exchanges neighbours only when the
+ * later date is strictly before the earlier. err_code is written 0 on success when the list has two or more
+ * dates and is not strictly descending: the bubble sort's comparisons that keep two dates in place each
+ * clear the 2100 that the "is before" comparison leaves, and only a strictly descending list has none.
+ * O(n log n) time, no memory taken: a heap sort by date and original position, the position held for the
+ * length of the call in the bits of each month and day above the low 8, which are cleared again. A list
+ * with a month or day outside 0..255 (possible only without validation) is sorted instead by an in-place
+ * merge of O(n log^2 n). Any count is taken; a count below 2 does nothing. With validate every date is
+ * checked first as a required date; the first bad one gives the number of ok_MDY (1100, 1200, 1300, 1500)
+ * and nothing is sorted. Returns 1, or 0 on failure. */
 ORVEL_EXPORT(int32_t) sort_MDYs(int32_t* months, int32_t* days, int32_t* years, double* vals, int32_t count,
                                 int32_t validate, uint32_t* err_code);
 
@@ -180,10 +185,12 @@ ORVEL_EXPORT(int32_t) sort2_MDYs(int32_t* months, int32_t* days, int32_t* years,
  * are left unspecified).
  * Errors: action not 1, -1 or -2 is 5310. Always (the arrays are never written past capacity): count
  * above capacity, or a merge that needs more than capacity entries, is 13000 (arrays too small). With
- * validate: a bad date at index i of the first list, then of the second, is 12000 + i; the first list
- * not strictly ascending is 7701, the second 7702. On any error the lists are unchanged and 0 is
- * returned. A count or chg_count below 0 is taken as 0. Without validation an unsorted list gives some
- * list, never a write outside the arrays. */
+ * validate: either list longer than 1000 dates (ORVEL_DATE_LIST_MAX) is 14000; a bad date at index i of the
+ * first list, then of the second, is 12000 + i; the first list not strictly ascending is 7701, the second
+ * 7702; a merge that would make the list longer than 1000 dates is 14000. On any error the lists are
+ * unchanged and 0 is returned. A count or chg_count below 0 is taken as 0. Without validation nothing is
+ * reported by index, so the lists may be of any length (capacity permitting), and an unsorted list gives
+ * some list, never a write outside the arrays. */
 ORVEL_EXPORT(int32_t) MDY_maint(int32_t action, int32_t* months, int32_t* days, int32_t* years, double* amounts,
                                 int32_t count, int32_t capacity, const int32_t* chg_months,
                                 const int32_t* chg_days, const int32_t* chg_years, const double* chg_amounts,

@@ -6,8 +6,8 @@
  * `err_code` as its last argument and, on failure, writes an error number there and returns 0 (or 0.0).
  * On success `err_code` is left as it was (three clean-ups excepted: a date-group validator that supplies a
  * default for a blank optional date writes 0 over its own probe's 1500, `ok_hol_table` writes 0 when it
- * accepts a table, and the date sorts write 0 after each comparison that does not exchange). Set it to 0
- * before a call and test it afterwards: a result of 0 alone is no sign of failure.
+ * accepts a table, and the date sorts write 0 on a list of two or more dates that is not strictly
+ * descending). Set it to 0 before a call and test it afterwards: a result of 0 alone is no sign of failure.
  *
  * With `validate` non-zero a function checks its arguments (the ok_ validators) before computing and stops
  * at the first failure; with 0 it trusts them. Rates, yields and percentages are in percent (6.5 = 6.5%).
@@ -48,6 +48,18 @@
  * date checked by ok_lt_MDY, 9 ex-dividend date): 1207 is a bad settlement month. An ordering failure adds
  * both roles, earlier first: 2171 is settlement not before maturity. 4000 + k is a bad given value of
  * kind k; 12000 + i a bad date at index i of a date list. err_2_text() gives the meaning of any number.
+ *
+ * No number built on a base can reach another meaning, because every part added to a base is bounded:
+ *   a role 1..9 on 1100, 1200, 1300, 1500;        two roles 11..99 on 2000 and 2100, 31 or 36 on 2200;
+ *   +1 for a code of -1 on 500, 590, 600;          4000 + a given kind 1..22;
+ *   4100 + 1 (a coupon amount);                    4300 + 1 or 2 (the first or second tax rate);
+ *   4800 + least, for a least of 0..299 only (4800..5099): ok_days_per writes 4750 for any other least;
+ *   12000 + index, for indexes 0..999 only (12000..12999): every function that reports a bad list date by
+ *   its index refuses a list longer than ORVEL_DATE_LIST_MAX (1000) dates with 14000 (ok_sf_in: 14300)
+ *   before it checks any date of the list. Without validation nothing is reported by index and no length bound
+ *   applies; the sorts report a bad date by the number of ok_MDY and take a list of any length.
+ * The rows 501, 591, 601, 2057, 2097, 2179, 2191, 2199, 4101, 4301 and 4302 are built numbers whose
+ * meaning is spelled out for the one check that writes them.
  *
  * One row per number: constant, number, meaning. The table is append-only. */
 #define ORVEL_ERROR_TABLE(X)                                                                        \
@@ -167,16 +179,23 @@
     X(ORVEL_E_FLT_RST_SETTLE, 2057, "last reset date after settlement")                            \
     X(ORVEL_E_FRN_RST_SETTLE, 2097, "last reset date after settlement")                            \
     X(ORVEL_E_FRN_NEXT_RST, 2179, "settlement not before the next reset date")                     \
-    X(ORVEL_E_FRN_RST_ORDER, 2199, "last reset date not before the next reset date")
+    X(ORVEL_E_FRN_RST_ORDER, 2199, "last reset date not before the next reset date")               \
+    X(ORVEL_E_LIST_LENGTH, 14000, "date list longer than 1000 dates")                              \
+    X(ORVEL_E_DAYS_PER_BELOW, 4750, "days in the period below the least given (a least outside 0..299)")
 
 #define ORVEL_ERROR_ENUM_(name, number, meaning) name = number,
 enum orvel_error { ORVEL_ERROR_TABLE(ORVEL_ERROR_ENUM_) };
 #undef ORVEL_ERROR_ENUM_
 
-/* Bases that take a role or an index on top: 1100 + role, 2100 + roles, 4000 + kind, 12000 + index. */
+/* Bases that take a role or an index on top: 1100 + role, 2100 + roles, 4000 + kind, 4800 + least,
+ * 12000 + index (the bounds above). */
 #define ORVEL_E_GIVEN_BASE 4000
 #define ORVEL_E_DAYS_PER_BASE 4800
+#define ORVEL_DAYS_PER_LEAST_MAX 299
 #define ORVEL_E_DATE_LIST_BASE 12000
+/* The longest date list that a function reporting a bad date by its index (12000 + index) takes: MDY_maint
+ * with validate, ok_flt_cpns, ok_flt_rcs and ok_sf_in. */
+#define ORVEL_DATE_LIST_MAX 1000
 
 /* Date roles, added to a date error by the composite validators. */
 enum orvel_role {
@@ -239,8 +258,8 @@ ORVEL_EXPORT(double) frac_2_dec(double frac, int32_t denom);
 
 /* The meaning of an error number as text, written into text[0..size-1] and always NUL-terminated
  * (nothing is written when size < 1). Covers the base numbers, the date roles added to them (1207: month
- * of the settlement date), the orderings (2171: settlement not before maturity), 4000 + kind and
- * 12000 + index. Returns the length of the whole message, which may exceed size - 1 (then the text is
+ * of the settlement date), the orderings (2171: settlement not before maturity), 4000 + kind, 4800 + least
+ * and 12000 + index. Returns the length of the whole message, which may exceed size - 1 (then the text is
  * cut). 0 gives "no error"; an unknown number gives "unknown error number N". Cannot fail. */
 ORVEL_EXPORT(int32_t) err_2_text(int32_t number, char* text, int32_t size);
 
@@ -286,7 +305,9 @@ ORVEL_EXPORT(int32_t) ok_full_per(int32_t periods, uint32_t* err_code);
 /* Days accrued, at least 0; else 11200. */
 ORVEL_EXPORT(int32_t) ok_days_acrd(int32_t days, uint32_t* err_code);
 
-/* days at least `least`; else 4800 + least (4801 for a period that must hold one day). */
+/* days at least `least`; else 4800 + least for a least of 0..299 (4801 for a period that must hold one
+ * day), and 4750 for any other least (a number built on a least of 300 would read as 5100 and one below 0
+ * as some smaller number, 0 itself for -4800). */
 ORVEL_EXPORT(int32_t) ok_days_per(int32_t days, int32_t least, uint32_t* err_code);
 
 /* Payment delay in days, at least 0; else 6300. */
@@ -582,13 +603,13 @@ ORVEL_EXPORT(int32_t) ok_frn_MDYs(int32_t settle_m, int32_t settle_d, int32_t se
                                   int32_t next_rst_m, int32_t next_rst_d, int32_t next_rst_y, uint32_t* err_code);
 
 /* Floating-rate coupon dates: the reference date (settlement) valid and not blank, else 1507; count > 0
- * (else 10040); each list date valid (12000 + index); the first list date not after the reference date
+ * (else 10040) and at most 1000 (else 14000); each list date valid (12000 + index); the first list date not after the reference date
  * (10046); the reference date before the last list date (10047). Lists are months[], days[], years[]. */
 ORVEL_EXPORT(int32_t) ok_flt_cpns(int32_t ref_m, int32_t ref_d, int32_t ref_y, int32_t count, const int32_t* months,
                                   const int32_t* days, const int32_t* years, uint32_t* err_code);
 
-/* Floating-rate resets: the reference date (1507 as above); count > 0 (10041); each reset date valid
- * (12000 + index); each rate ok_cpn_rate (4100); the dates strictly ascending (10045). */
+/* Floating-rate resets: the reference date (1507 as above); count > 0 (10041) and at most 1000 (14000);
+ * each reset date valid (12000 + index); each rate ok_cpn_rate (4100); the dates strictly ascending (10045). */
 ORVEL_EXPORT(int32_t) ok_flt_rcs(int32_t ref_m, int32_t ref_d, int32_t ref_y, int32_t count, const int32_t* months,
                                  const int32_t* days, const int32_t* years, const double* rates, uint32_t* err_code);
 

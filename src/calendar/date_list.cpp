@@ -39,26 +39,154 @@ bool every_date_ok_by_index(const int32_t* m, const int32_t* d, const int32_t* y
     return bad < 0 || orvel::fail(err_code, ORVEL_E_DATE_LIST_BASE + static_cast<uint32_t>(bad));
 }
 
-// Bubble sort in calendar order, stable, stopping after a pass without an exchange; `swap_extra(i, j)`
-// exchanges the companion arrays. A comparison that keeps the order writes 0 to err_code, as the
-// "is before" comparison it stands for leaves its 2100 there and the sort clears it.
-template <class SwapExtra>
-void bubble_sort(DateList list, int32_t count, uint32_t* err_code, SwapExtra swap_extra) {
-    for (int32_t k = count; k >= 2; --k) {
-        bool exchanged = false;
-        for (int32_t i = 0; i + 1 < k; ++i) {
-            if (cal::compare(list.at(i + 1), list.at(i)) < 0) {
-                std::swap(list.m[i], list.m[i + 1]);
-                std::swap(list.d[i], list.d[i + 1]);
-                std::swap(list.y[i], list.y[i + 1]);
-                swap_extra(i, i + 1);
-                exchanged = true;
-            } else {
-                *err_code = 0;
-            }
-        }
-        if (!exchanged) return;
+// The arrays of a sort: the dates and the companion arrays that travel with them (ivals may be null).
+struct SortList {
+    int32_t* m;
+    int32_t* d;
+    int32_t* y;
+    double* vals;
+    int32_t* ivals;
+
+    void swap(int32_t i, int32_t j) const {
+        std::swap(m[i], m[j]);
+        std::swap(d[i], d[j]);
+        std::swap(y[i], y[j]);
+        std::swap(vals[i], vals[j]);
+        if (ivals != nullptr) std::swap(ivals[i], ivals[j]);
     }
+    // Calendar order: the order of the day numbers, which any triple has (an unvalidated one too).
+    int64_t key(int32_t i) const { return cal::jdn(m[i], d[i], y[i]); }
+};
+
+// While a list is tagged, each entry keeps its original position in the bits of its month and day above
+// the low 8 (bits 8..15 of the month hold position bits 23..30, bits 8..30 of the day position bits
+// 0..22), so that ordering by date and then by position, a strict order, gives the stable result with
+// any algorithm. Only a list whose every month and day lies in 0..255 can be tagged: every valid date.
+constexpr int32_t kField = 0xFF;
+
+bool taggable(const SortList& v, int32_t count) {
+    for (int32_t i = 0; i < count; ++i)
+        if (v.m[i] < 0 || v.m[i] > kField || v.d[i] < 0 || v.d[i] > kField) return false;
+    return true;
+}
+
+void tag(const SortList& v, int32_t count) {
+    for (int32_t i = 0; i < count; ++i) {
+        v.m[i] |= (i >> 23) << 8;
+        v.d[i] |= (i & 0x7FFFFF) << 8;
+    }
+}
+
+void untag(const SortList& v, int32_t count) {
+    for (int32_t i = 0; i < count; ++i) {
+        v.m[i] &= kField;
+        v.d[i] &= kField;
+    }
+}
+
+// Date, then original position, of two tagged entries.
+bool tagged_less(const SortList& v, int32_t i, int32_t j) {
+    const int64_t ki = cal::jdn(v.m[i] & kField, v.d[i] & kField, v.y[i]);
+    const int64_t kj = cal::jdn(v.m[j] & kField, v.d[j] & kField, v.y[j]);
+    if (ki != kj) return ki < kj;
+    return (v.m[i] >> 8 != v.m[j] >> 8) ? v.m[i] >> 8 < v.m[j] >> 8 : v.d[i] >> 8 < v.d[j] >> 8;
+}
+
+// Heap sort of a tagged list: O(n log n) comparisons and exchanges, no memory beyond a few locals.
+void heap_sort(const SortList& v, int32_t count) {
+    const auto sift_down = [&v](int32_t root, int32_t end) {
+        for (;;) {
+            const int64_t left = 2 * int64_t{root} + 1;
+            if (left >= end) return;
+            auto child = static_cast<int32_t>(left);
+            if (child + 1 < end && tagged_less(v, child, child + 1)) ++child;
+            if (!tagged_less(v, root, child)) return;
+            v.swap(root, child);
+            root = child;
+        }
+    };
+    for (int32_t i = count / 2; i-- > 0;) sift_down(i, count);
+    for (int32_t end = count - 1; end > 0; --end) {
+        v.swap(0, end);
+        sift_down(0, end);
+    }
+}
+
+// The stable in-place merge sort for a list that cannot be tagged (a month or day outside 0..255, which
+// only an unvalidated call can pass): O(n log^2 n) exchanges, recursion depth O(log n).
+void reverse(const SortList& v, int32_t first, int32_t last) {
+    while (first < --last) v.swap(first++, last);
+}
+
+// The first index of [lo, hi) whose key is above k (after_equal) or not below k.
+int32_t bound(const SortList& v, int32_t lo, int32_t hi, int64_t k, bool after_equal) {
+    while (lo < hi) {
+        const int32_t mid = lo + (hi - lo) / 2;
+        if (after_equal ? v.key(mid) <= k : v.key(mid) < k) lo = mid + 1;
+        else hi = mid;
+    }
+    return lo;
+}
+
+// Merges the sorted runs [first, middle) and [middle, last) by rotations: a run is cut in half, the
+// other at the same key, the middle pieces exchanged, and the two smaller merges done (the smaller one
+// by recursion, so the depth stays below log2 of the length).
+void merge_in_place(const SortList& v, int32_t first, int32_t middle, int32_t last) {
+    while (first < middle && middle < last) {
+        if (last - first == 2) {
+            if (v.key(middle) < v.key(first)) v.swap(first, middle);
+            return;
+        }
+        int32_t cut1, cut2;
+        if (middle - first > last - middle) {
+            cut1 = first + (middle - first) / 2;
+            cut2 = bound(v, middle, last, v.key(cut1), false);
+        } else {
+            cut2 = middle + (last - middle) / 2;
+            cut1 = bound(v, first, middle, v.key(cut2), true);
+        }
+        reverse(v, cut1, middle);
+        reverse(v, middle, cut2);
+        reverse(v, cut1, cut2);
+        const int32_t joint = cut1 + (cut2 - middle);
+        if (joint - first < last - joint) {
+            merge_in_place(v, first, cut1, joint);
+            first = joint, middle = cut2;
+        } else {
+            merge_in_place(v, joint, cut2, last);
+            middle = cut1, last = joint;
+        }
+    }
+}
+
+void merge_sort(const SortList& v, int32_t first, int32_t last) {
+    if (last - first <= 12) {
+        for (int32_t i = first + 1; i < last; ++i)
+            for (int32_t j = i; j > first && v.key(j) < v.key(j - 1); --j) v.swap(j, j - 1);
+        return;
+    }
+    const int32_t middle = first + (last - first) / 2;
+    merge_sort(v, first, middle);
+    merge_sort(v, middle, last);
+    merge_in_place(v, first, middle, last);
+}
+
+// Sorts in calendar order, stably, with the documented err_code writes of a stable bubble sort: each of
+// its comparisons that keeps two neighbours in place clears the 2100 that the "is before" comparison
+// leaves, so err_code is written 0 unless every comparison exchanges, which happens exactly when the
+// list is strictly descending.
+void sort_dates(const SortList& v, int32_t count, uint32_t* err_code) {
+    if (count < 2) return;
+    bool descending = true;
+    for (int32_t i = 1; descending && i < count; ++i) descending = v.key(i) < v.key(i - 1);
+    if (taggable(v, count)) {
+        tag(v, count);
+        heap_sort(v, count);
+        untag(v, count);
+    } else {
+        merge_sort(v, 0, count);
+    }
+    if (!descending) *err_code = 0;
 }
 
 }  // namespace
@@ -67,7 +195,7 @@ ORVEL_EXPORT(int32_t) sort_MDYs(int32_t* months, int32_t* days, int32_t* years, 
                                 int32_t validate, uint32_t* err_code) {
     const auto dates_ok = [&](uint32_t* e) { return every_date_ok(months, days, years, count, e); };
     if (validate && !orvel::Check(err_code).step(dates_ok).ok()) return 0;
-    bubble_sort({months, days, years}, count, err_code, [vals](int32_t i, int32_t j) { std::swap(vals[i], vals[j]); });
+    sort_dates({months, days, years, vals, nullptr}, count, err_code);
     return 1;
 }
 
@@ -75,10 +203,7 @@ ORVEL_EXPORT(int32_t) sort2_MDYs(int32_t* months, int32_t* days, int32_t* years,
                                  int32_t count, int32_t validate, uint32_t* err_code) {
     const auto dates_ok = [&](uint32_t* e) { return every_date_ok(months, days, years, count, e); };
     if (validate && !orvel::Check(err_code).step(dates_ok).ok()) return 0;
-    bubble_sort({months, days, years}, count, err_code, [vals, ivals](int32_t i, int32_t j) {
-        std::swap(vals[i], vals[j]);
-        std::swap(ivals[i], ivals[j]);
-    });
+    sort_dates({months, days, years, vals, ivals}, count, err_code);
     return 1;
 }
 
@@ -173,7 +298,8 @@ ORVEL_EXPORT(int32_t) MDY_maint(int32_t action, int32_t* months, int32_t* days, 
     check.expect(action == 1 || action == -1 || action == -2, ORVEL_E_MAINT_ACTION)
         .expect(count <= capacity, ORVEL_E_CAPACITY);
     if (validate) {
-        check.step([&](uint32_t* e) { return every_date_ok_by_index(months, days, years, count, e); })
+        check.expect(count <= ORVEL_DATE_LIST_MAX && chg_count <= ORVEL_DATE_LIST_MAX, ORVEL_E_LIST_LENGTH)
+            .step([&](uint32_t* e) { return every_date_ok_by_index(months, days, years, count, e); })
             .step([&](uint32_t* e) { return every_date_ok_by_index(chg_months, chg_days, chg_years, chg_count, e); })
             .step([&](uint32_t* e) {
                 return strictly_ascending(months, days, years, count) || orvel::fail(e, ORVEL_E_LIST_ORDER1);
@@ -189,10 +315,10 @@ ORVEL_EXPORT(int32_t) MDY_maint(int32_t action, int32_t* months, int32_t* days, 
     const ConstAmounts chg{chg_months, chg_days, chg_years, chg_amounts};
     if (action != 1) return remove_dates(list, count, chg, chg_count, action == -2);
     const int64_t total = count + new_dates(list, count, chg, chg_count);
-    if (total > capacity) {
-        orvel::fail(err_code, ORVEL_E_CAPACITY);
+    if (!check.expect(total <= capacity, ORVEL_E_CAPACITY)
+             .expect(!validate || total <= ORVEL_DATE_LIST_MAX, ORVEL_E_LIST_LENGTH)
+             .ok())
         return 0;
-    }
     merge_from_back(list, count, static_cast<int32_t>(total), chg, chg_count);
     return static_cast<int32_t>(total);
 }

@@ -101,7 +101,7 @@ void describe(Writer& w, uint32_t number) {
         w.put(m);
         return;
     }
-    if (number >= ORVEL_E_DATE_LIST_BASE && number < ORVEL_E_DATE_LIST_BASE + 1000) {
+    if (number >= ORVEL_E_DATE_LIST_BASE && number < ORVEL_E_DATE_LIST_BASE + ORVEL_DATE_LIST_MAX) {
         w.put("bad date at index ").put(number - ORVEL_E_DATE_LIST_BASE).put(" of a date list");
         return;
     }
@@ -110,7 +110,7 @@ void describe(Writer& w, uint32_t number) {
         w.put("given ").put(given_kind(kind)).put(" invalid for its kind (given_type ").put(kind).put(")");
         return;
     }
-    if (number >= ORVEL_E_DAYS_PER_BASE && number < ORVEL_E_DAYS_PER_BASE + 100) {
+    if (number >= ORVEL_E_DAYS_PER_BASE && number <= ORVEL_E_DAYS_PER_BASE + ORVEL_DAYS_PER_LEAST_MAX) {
         w.put("days in the period below ").put(number - ORVEL_E_DAYS_PER_BASE);
         return;
     }

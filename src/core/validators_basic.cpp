@@ -54,10 +54,12 @@ ORVEL_EXPORT(int32_t) ok_days_acrd(int32_t days, uint32_t* err_code) {
     return Check(err_code).expect(days >= 0, ORVEL_E_DAYS_ACRD).ok();
 }
 
-// The number carries the bound itself (4801 for a period that must hold at least one day); unsigned
-// arithmetic keeps a caller's extreme bound from overflowing.
+// The number carries the bound itself (4801 for a period that must hold at least one day) while the bound
+// keeps it inside 4800..5099; any other bound would land on another meaning, so it gets 4750.
 ORVEL_EXPORT(int32_t) ok_days_per(int32_t days, int32_t least, uint32_t* err_code) {
-    return Check(err_code).expect(days >= least, ORVEL_E_DAYS_PER_BASE + static_cast<uint32_t>(least)).ok();
+    const bool in_block = least >= 0 && least <= ORVEL_DAYS_PER_LEAST_MAX;
+    const uint32_t number = in_block ? ORVEL_E_DAYS_PER_BASE + static_cast<uint32_t>(least) : uint32_t{ORVEL_E_DAYS_PER_BELOW};
+    return Check(err_code).expect(days >= least, number).ok();
 }
 
 ORVEL_EXPORT(int32_t) ok_paymt_dly(int32_t days, uint32_t* err_code) {

@@ -23,8 +23,10 @@ int32_t exdiv_in_period(Date exdiv, Date settle, Date mat, Date dated, Date firs
     return check.expect(orvel::earlier(p.pcd, exdiv) && !orvel::earlier(p.ncd, exdiv), ORVEL_E_EXDIV).ok();
 }
 
-// Each date of three parallel lists valid: 12000 + the index of the first bad one.
+// Each date of three parallel lists valid: 12000 + the index of the first bad one. A list longer than
+// ORVEL_DATE_LIST_MAX is 14000 first, so that an index never reaches the numbers above 12999.
 Check& date_list(Check& check, int32_t count, const int32_t* ms, const int32_t* ds, const int32_t* ys) {
+    check.expect(count <= ORVEL_DATE_LIST_MAX, ORVEL_E_LIST_LENGTH);
     for (int32_t i = 0; check && i < count; ++i)
         check.expect(orvel::is_given({ms[i], ds[i], ys[i]}), ORVEL_E_DATE_LIST_BASE + static_cast<uint32_t>(i));
     return check;
@@ -142,7 +144,7 @@ ORVEL_EXPORT(int32_t) ok_flt_in(int32_t index_type, int32_t given_type, double g
     return orvel::before(check, 71, settle, mat, 1).ok();
 }
 
-// Sinking-fund schedule: settlement and maturity valid; up to 1000 dated amounts, each date valid (12000 +
+// Sinking-fund schedule: settlement and maturity valid; up to 1000 dated amounts (more is 14300), each date valid (12000 +
 // index), strictly ascending (14300), not after maturity (14301); each amount ok_sf_amt (5100), all of them
 // together at most the whole issue, 100 per 100 (14300).
 ORVEL_EXPORT(int32_t) ok_sf_in(int32_t sm, int32_t sd, int32_t sy, int32_t mm, int32_t md, int32_t my, int32_t count,
@@ -152,7 +154,7 @@ ORVEL_EXPORT(int32_t) ok_sf_in(int32_t sm, int32_t sd, int32_t sy, int32_t mm, i
     Check check(err_code);
     orvel::required(check, ORVEL_ROLE_MATURITY, mat);
     orvel::required(check, ORVEL_ROLE_SETTLE, settle);
-    check.expect(count >= 0 && count <= 1000 && (count == 0 || (lists_present(months, days, years) && amounts)),
+    check.expect(count >= 0 && count <= ORVEL_DATE_LIST_MAX && (count == 0 || (lists_present(months, days, years) && amounts)),
                  ORVEL_E_SF_IN);
     date_list(check, count, months, days, years);
     double total = 0.0;
