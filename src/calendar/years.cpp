@@ -4,6 +4,7 @@
 
 #include "calendar/day_count.hpp"
 #include "calendar/checks.hpp"
+#include "calendar/order.hpp"
 #include "orvel/calendar.h"
 
 namespace orvel::cal {
@@ -49,7 +50,7 @@ namespace cal = orvel::cal;
 ORVEL_EXPORT(double) years_b_MDYs(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t d2, int32_t y2,
                                   int32_t day_type, int32_t validate, uint32_t* err_code) {
     const auto args_ok = [&](uint32_t* e) { return cal::day_count_args_ok(day_type, m1, d1, y1, m2, d2, y2, e); };
-    const auto in_order = [&](uint32_t* e) { return is_MDYleMDY(m1, d1, y1, m2, d2, y2, day_type, 0, e) != 0; };
-    if (validate && !orvel::Check(err_code).step(args_ok).step(in_order).ok()) return 0.0;
-    return cal::years_between(day_type, {m1, d1, y1}, {m2, d2, y2});
+    const orvel::Date a{m1, d1, y1}, b{m2, d2, y2};
+    if (validate && !orvel::Check(err_code).step(args_ok).call(0, cal::not_after, a, b, day_type).ok()) return 0.0;
+    return cal::years_between(day_type, a, b);
 }
