@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "core/check.hpp"
+#include "core/power.hpp"
 #include "core/validators.hpp"
 #include "orvel/bond.h"
 
@@ -31,7 +32,7 @@ ORVEL_EXPORT(void) bond_int_ioi(double yld, int32_t cpn_freq, double cpn_rate, d
     if (yld != 0.0) {
         // The later coupons form an annuity at g; the next coupon grows for all n periods.
         const double g = yld / (f * 100.0);
-        const double grown = std::pow(1.0 + g, n);
+        const double grown = orvel::pow(1.0 + g, n);
         total = (grown - 1.0) / g * p + grown * cpn_amt;
     }
     const double interest_on_interest = total - coupons;

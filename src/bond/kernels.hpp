@@ -8,6 +8,7 @@
 #include <cstdint>
 
 #include "bond/solver.hpp"
+#include "core/power.hpp"
 #include "orvel/frame.h"
 
 namespace orvel::bond {
@@ -50,8 +51,8 @@ inline double price_g1p(const Terms& t, double yld, uint32_t* err) {
     const double v = 1.0 + g;
     if (!(v > 0.0)) return fail_price(err, ORVEL_E_NEG_BASE);
     const double a = c / (f * g);
-    const double vn = std::pow(v, -n);
-    const double vw = std::pow(v, -w);
+    const double vn = orvel::pow(v, -n);
+    const double vw = orvel::pow(v, -w);
     const double x = a + (r - a) * vn + k;
     if (t.tax1 == 0.0 && t.tax2 == 0.0) return x * vw - t.ai;
     const double discount = vn * vw;  // v^-(n + w)
@@ -98,8 +99,8 @@ inline double price_aibd(const Terms& t, double yld, uint32_t* err) {
     if (g == 0.0) return fail_price(err, ORVEL_E_GIVEN_BASE + 1);
     const double k = t.ai < 0.0 ? 0.0 : t.cpn_amt;
     const double a = t.cpn_rate / (g * f);
-    const double vn = std::pow(v, -static_cast<double>(t.n_after));
-    return (a + (t.redemptn - a) * vn + k) * std::pow(v, -t.nxt_frac) - t.ai;
+    const double vn = orvel::pow(v, -static_cast<double>(t.n_after));
+    return (a + (t.redemptn - a) * vn + k) * orvel::pow(v, -t.nxt_frac) - t.ai;
 }
 
 // The first guess of the bond yield solves, from the gain to redemption spread over the periods left.

@@ -6,6 +6,7 @@
 #include "bond/kernels.hpp"
 #include "bond/price_yield.hpp"
 #include "core/check.hpp"
+#include "core/power.hpp"
 #include "orvel/bond.h"
 
 namespace {
@@ -26,7 +27,7 @@ Moments walk_flows(const Reduced& r, double cpn_rate, double redemptn, int32_t c
     const double h = 1.0 / cpn_freq;
     const double c = h * cpn_rate;
     const double w = r.nxt_frac;
-    double d = std::pow(v, w);
+    double d = orvel::pow(v, w);
     double t = h * w;
     Moments m;
     m.pv = r.cpn_amt / d;

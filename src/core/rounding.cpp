@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "core/check.hpp"
+#include "core/power.hpp"
 #include "orvel/frame.h"
 
 ORVEL_EXPORT(double) d_trunc_rnd(double num, int32_t places, int32_t rnd) {
@@ -14,13 +15,13 @@ ORVEL_EXPORT(double) d_trunc_rnd(double num, int32_t places, int32_t rnd) {
     const double h = rnd != 0 ? 0.5 : 0.0;
     double r = i;
     if (places >= 0 && places <= 308) {  // 10^places is finite
-        const double p = std::pow(10.0, static_cast<double>(places));
+        const double p = orvel::pow(10.0, static_cast<double>(places));
         r = std::floor(p * f + h) / p + i;
     } else if (places > 308 && f != 0.0) {
         // 10^places overflows: scale in two steps. Once the scaled fraction reaches 2^53 it has no digits
         // left to cut (every fraction of at least 1e-290 does, and every double from 340 places on), and
         // the value comes back as it is; below, the digits beyond `places` are cut as above.
-        const double q = std::pow(10.0, static_cast<double>(places) - 308.0);  // may be +inf
+        const double q = orvel::pow(10.0, static_cast<double>(places) - 308.0);  // may be +inf
         const double s = f * 1e308 * q;                                        // f * 1e308 is in (0, 1e308)
         r = s < 9007199254740992.0 ? std::floor(s + h) / q / 1e308 : a;
     }

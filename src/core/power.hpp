@@ -1,0 +1,12 @@
+// x^y with the same bits on every platform: the library's own power function, built from basic IEEE
+// arithmetic only (no fused multiply-add, no call into the C runtime's pow), so Linux and Windows, 32 and
+// 64 bits, price a bond to the last bit alike. Within 1 ulp everywhere, and correctly rounded unless the
+// exact value lies within about 2^-75 of a rounding boundary; x^k is exact whenever it is a double
+// (10^k for 0 <= k <= 22, 2^k). Special values follow C's pow.
+#pragma once
+
+namespace orvel {
+
+double pow(double x, double y) noexcept;
+
+}  // namespace orvel
