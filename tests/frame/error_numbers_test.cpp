@@ -1,14 +1,15 @@
 // No two meanings share an error number. The meanings are the rows of the error table, the numbers built
 // on a base (roles, orderings, -1 codes, given kinds), and the numbers that ok_days_per and the date-list
 // checks build from their arguments, collected by calling them over every bound and index they can take.
+// err_2_text never writes past the size it is given; the meanings themselves are rows of tests/calls.
 #include <gtest/gtest.h>
 
-#include <cstdint>
+#include <algorithm>
+#include <cstring>
 #include <functional>
 #include <map>
 #include <set>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "orvel/calendar.h"
@@ -16,29 +17,20 @@
 
 namespace {
 
-std::vector<uint32_t> from_to(uint32_t lo, uint32_t hi) {
+// lo..hi; with `pairs`, the role pairs 10a + b for a and b in 1..9.
+std::vector<uint32_t> range(uint32_t lo, uint32_t hi, bool pairs = false) {
     std::vector<uint32_t> v;
-    for (uint32_t a = lo; a <= hi; ++a) v.push_back(a);
-    return v;
-}
-
-std::vector<uint32_t> role_pairs() {
-    std::vector<uint32_t> v;
-    for (uint32_t a = 1; a <= 9; ++a)
-        for (uint32_t b = 1; b <= 9; ++b) v.push_back(10 * a + b);
+    for (uint32_t a = lo; a <= hi; ++a)
+        if (!pairs || a % 10 != 0) v.push_back(a);
     return v;
 }
 
 // The bases that take an addend, and every addend that a validator adds to them.
-struct Built {
-    uint32_t base;
-    std::vector<uint32_t> addends;
-};
-const std::vector<Built> built = {
-    {ORVEL_E_YEAR, from_to(1, 9)},  {ORVEL_E_MONTH, from_to(1, 9)},     {ORVEL_E_DAY, from_to(1, 9)},
-    {ORVEL_E_BLANK, from_to(1, 9)}, {ORVEL_E_NOT_LE, role_pairs()},     {ORVEL_E_NOT_LT, role_pairs()},
-    {ORVEL_E_SYNC, {31, 36}},       {ORVEL_E_DAY_TYPE, {1}},            {ORVEL_E_SIDE, {1}},
-    {ORVEL_E_CPN_FREQ, {1}},        {ORVEL_E_GIVEN_BASE, from_to(1, 22)}, {ORVEL_E_CPN_RATE, {1}},
+const std::pair<uint32_t, std::vector<uint32_t>> built[] = {
+    {ORVEL_E_YEAR, range(1, 9)},  {ORVEL_E_MONTH, range(1, 9)},        {ORVEL_E_DAY, range(1, 9)},
+    {ORVEL_E_BLANK, range(1, 9)}, {ORVEL_E_NOT_LE, range(11, 99, true)}, {ORVEL_E_NOT_LT, range(11, 99, true)},
+    {ORVEL_E_SYNC, {31, 36}},     {ORVEL_E_DAY_TYPE, {1}},             {ORVEL_E_SIDE, {1}},
+    {ORVEL_E_CPN_FREQ, {1}},      {ORVEL_E_GIVEN_BASE, range(1, 22)},  {ORVEL_E_CPN_RATE, {1}},
     {ORVEL_E_TAX_RATE, {1, 2}},
 };
 
@@ -66,12 +58,12 @@ const std::pair<uint32_t, std::function<void(int32_t, uint32_t*)>> list_checks[]
     {ORVEL_E_LIST_LENGTH, [](int32_t n, uint32_t* e) { MDY_maint(-1, m, d, y, a, 0, 0, m, d, y, a, n, 1, e); }},
 };
 
-// The number of a list check on a list of index + 1 dates whose last one is bad.
-uint32_t bad_last(const std::function<void(int32_t, uint32_t*)>& call, int32_t index) {
+// The number of a list check on a list of `n` dates (index + 1 when the last is bad).
+uint32_t list_check(const std::function<void(int32_t, uint32_t*)>& call, int32_t n, bool last_bad = true) {
     uint32_t err = 0;
-    m[index] = 13;
-    call(index + 1, &err);
-    m[index] = 1;
+    m[n - 1] = last_bad ? 13 : 1;
+    call(n, &err);
+    m[n - 1] = 1;
     return err;
 }
 
@@ -80,36 +72,30 @@ TEST(ErrorNumbers, NoTwoMeaningsShareANumber) {
 #define ORVEL_ROW_(name, number, meaning) meanings[number].insert(#name);
     ORVEL_ERROR_TABLE(ORVEL_ROW_)
 #undef ORVEL_ROW_
-    for (const Built& b : built)
-        for (uint32_t add : b.addends) {
-            const auto row = spelled_out.find(b.base + add);
-            if (row == spelled_out.end() || row->second != b.base)
-                meanings[b.base + add].insert(std::to_string(b.base) + " + " + std::to_string(add));
-        }
-    // A number built from an argument, unless it is the check's documented refusal of that argument.
-    auto record = [&](uint32_t number, uint32_t refused, const std::string& meaning) {
-        if (number != refused) meanings[number].insert(meaning);
-    };
-    std::vector<int32_t> leasts = {INT32_MIN + 1, INT32_MAX};
-    for (int32_t least = -6000; least <= 6000; ++least) leasts.push_back(least);
-    for (int32_t least : leasts) {
+    for (const auto& [base, addends] : built)
+        for (uint32_t add : addends)
+            if (!spelled_out.contains(base + add) || spelled_out.at(base + add) != base)
+                meanings[base + add].insert(std::to_string(base) + " + " + std::to_string(add));
+    // Numbers built from an argument, but for the check's documented refusal of that argument.
+    for (int32_t least = -6000; least <= 6002; ++least) {  // and the extremes, as 6001 and 6002
+        const int32_t l = least == 6001 ? INT32_MIN + 1 : least == 6002 ? INT32_MAX : least;
         uint32_t err = 0;
-        ok_days_per(least - 1, least, &err);
-        record(err, ORVEL_E_DAYS_PER_BELOW, "days in the period below " + std::to_string(least));
+        ok_days_per(l - 1, l, &err);
+        if (err != ORVEL_E_DAYS_PER_BELOW) meanings[err].insert("days in the period below " + std::to_string(l));
     }
     // Every list check with a list of 1..1101 dates, the last one bad (index 1100 would read as 13100).
     for (const auto& [refused, call] : list_checks)
-        for (int32_t i = 0; i <= ORVEL_DATE_LIST_MAX + 100; ++i)
-            record(bad_last(call, i), refused, "bad date at index " + std::to_string(i));
-    ASSERT_EQ(meanings.count(ORVEL_E_DATE_LIST_BASE + ORVEL_DATE_LIST_MAX - 1), 1u) << "no sweep reached index 999";
-    ASSERT_EQ(meanings.count(ORVEL_E_DAYS_PER_BASE + ORVEL_DAYS_PER_LEAST_MAX), 1u) << "no sweep reached 5099";
-
+        for (int32_t n = 1; n <= ORVEL_DATE_LIST_MAX + 101; ++n)
+            if (const uint32_t err = list_check(call, n); err != refused)
+                meanings[err].insert("bad date at index " + std::to_string(n - 1));
+    ASSERT_TRUE(meanings.contains(ORVEL_E_DATE_LIST_BASE + ORVEL_DATE_LIST_MAX - 1)) << "no sweep reached index 999";
+    ASSERT_TRUE(meanings.contains(ORVEL_E_DAYS_PER_BASE + ORVEL_DAYS_PER_LEAST_MAX)) << "no sweep reached 5099";
     for (const auto& [number, names] : meanings) {
         std::string all;
         for (const std::string& n : names) all += n + "; ";
-        EXPECT_EQ(names.size(), 1u) << number << " means " << all;
         char text[128];
         err_2_text(static_cast<int32_t>(number), text, sizeof text);
+        EXPECT_EQ(names.size(), 1u) << number << " means " << all;
         EXPECT_EQ(std::string(text).find("unknown"), std::string::npos) << number << " (" << all << ") has no text";
     }
 }
@@ -118,26 +104,42 @@ TEST(ErrorNumbers, NoTwoMeaningsShareANumber) {
 // list of any length; with validation it refuses a merge that would pass 1000 dates.
 TEST(ErrorNumbers, DateListsHoldAtMostOneThousandDates) {
     for (const auto& [refused, call] : list_checks) {
-        EXPECT_EQ(bad_last(call, ORVEL_DATE_LIST_MAX - 1), ORVEL_E_DATE_LIST_BASE + 999u);
-        uint32_t err = 0;
-        call(ORVEL_DATE_LIST_MAX + 1, &err);
-        EXPECT_EQ(err, refused);
+        EXPECT_EQ(list_check(call, ORVEL_DATE_LIST_MAX), ORVEL_E_DATE_LIST_BASE + 999u);
+        EXPECT_EQ(list_check(call, ORVEL_DATE_LIST_MAX + 1, false), refused);
     }
     std::vector<int32_t> am(1001), ad(1001), ay(1001);  // 1000 days from 1/1/2000, room for one more
     std::vector<double> amt(1001, 1.0);
     for (int32_t i = 0; i < 1000; ++i) julian_2_MDY(2451545 + i, &am[i], &ad[i], &ay[i]);
     const int32_t cm = 12, cd = 31, cy = 2002;  // after the last of them (9/26/2002)
     const double camt = 1.0;
-    const auto merge_last = [&](int32_t validate, uint32_t* err) {
-        return MDY_maint(1, am.data(), ad.data(), ay.data(), amt.data(), 1000, 1001, &cm, &cd, &cy, &camt, 1,
-                         validate, err);
-    };
-    uint32_t err = 0;
-    EXPECT_EQ(merge_last(1, &err), 0);
-    EXPECT_EQ(err, ORVEL_E_LIST_LENGTH);
-    err = 0;
-    EXPECT_EQ(merge_last(0, &err), 1001);
-    EXPECT_EQ(err, 0u);
+    for (int32_t validate : {1, 0}) {
+        uint32_t err = 0;
+        EXPECT_EQ(MDY_maint(1, am.data(), ad.data(), ay.data(), amt.data(), 1000, 1001, &cm, &cd, &cy, &camt, 1,
+                            validate, &err), validate ? 0 : 1001);
+        EXPECT_EQ(err, validate ? uint32_t{ORVEL_E_LIST_LENGTH} : 0u);
+    }
+}
+
+// The text is cut to size - 1 characters and terminated, nothing written for a size below 1 or past the
+// buffer; the result is always the whole length. Then every number from -10 to 15000 into a buffer of 8.
+TEST(ErrorText, CutToTheBufferAndAlwaysTerminated) {
+    const std::string full = "settlement date must be before maturity date";
+    const auto whole = static_cast<int32_t>(full.size());
+    for (int32_t size = -3; size <= whole + 40; ++size) {
+        const auto n = static_cast<std::size_t>(std::max(size, 0));
+        std::vector<char> buf(n + 1, '#');
+        EXPECT_EQ(err_2_text(2171, size == 0 ? nullptr : buf.data(), size), whole) << size;
+        const std::string shown(buf.data(), strnlen(buf.data(), n));  // all n characters when not terminated
+        EXPECT_EQ(shown, size > 0 ? full.substr(0, n - 1) : "") << size;
+        EXPECT_EQ(buf[n], '#') << size << ": canary overwritten";
+    }
+    for (int32_t number = -10; number <= 15000; ++number) {
+        char buf[10] = "#########";
+        const int32_t n = err_2_text(number, buf, 8);
+        ASSERT_GT(n, 0) << number;
+        ASSERT_EQ(std::strlen(buf), static_cast<std::size_t>(std::min(n, 7))) << number;
+        ASSERT_EQ(buf[8], '#') << number;
+    }
 }
 
 }  // namespace

@@ -9,7 +9,6 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstdlib>
-#include <new>
 
 #include "sample_workload.hpp"
 
@@ -41,7 +40,7 @@ void on_free(const volatile void*) { note_allocation(); }
 const int hooks_installed = __sanitizer_install_malloc_and_free_hooks(on_malloc, on_free);
 }  // namespace
 #else
-// glibc's own entry points, which the replacements forward to.
+// glibc's own entry points, which the replacements forward to. operator new and delete reach these too.
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
@@ -65,34 +64,15 @@ void free(void* p) noexcept {
 }
 }  // extern "C"
 
-void* operator new(std::size_t size) {
-    if (void* p = std::malloc(size == 0 ? 1 : size)) return p;
-    throw std::bad_alloc();
-}
-void* operator new[](std::size_t size) { return ::operator new(size); }
-void operator delete(void* p) noexcept { std::free(p); }
-void operator delete[](void* p) noexcept { std::free(p); }
-void operator delete(void* p, std::size_t) noexcept { std::free(p); }
-void operator delete[](void* p, std::size_t) noexcept { std::free(p); }
 #endif
 
 namespace {
 
-using orvel::reliability::arg_index;
-using orvel::reliability::SampleCall;
-
-// Allocations made on this thread while it lives.
-class AllocationCount {
-public:
-    AllocationCount() {
-        allocations = 0;
-        counting = true;
-    }
+// Allocations made on this thread from here to stop().
+struct AllocationCount {
+    AllocationCount() { allocations = 0, counting = true; }
     ~AllocationCount() { counting = false; }
-    long stop() {
-        counting = false;
-        return allocations;
-    }
+    long stop() { return counting = false, allocations; }
 };
 
 // Keeps the compiler from pairing and removing the allocations of the self-test.
@@ -108,21 +88,19 @@ TEST(NoAllocation, CounterSeesEveryAllocationFunction) {
     std::free(opaque(std::malloc(8)));
     std::free(opaque(std::calloc(2, 8)));
     std::free(opaque(std::realloc(nullptr, 8)));
-    // new, new[], malloc, calloc and realloc, each with its release
-    EXPECT_GE(count.stop(), 10);
+    EXPECT_GE(count.stop(), 10);  // new, new[], malloc, calloc and realloc, each with its release
 }
 
+// Samples.EveryExportHasASampleAndEveryErrorWrittenHasAMeaning sees that no export is left out. A function
+// with a validate flag is called both ways: validators and calculation paths differ.
 TEST(NoAllocation, EverySampleCallAllocatesNothing) {
-    // Samples.EveryExportHasASampleAndEveryErrorWrittenHasAMeaning sees that no export is left out.
-    for (SampleCall& s : orvel::reliability::parse_samples()) {
-        SCOPED_TRACE(s.where + ": " + s.text);
-        // A function with a validate flag is called both ways: validators and calculation paths differ.
-        const int validate = arg_index(s.call.entry(), "validate");
+    for (orvel::reliability::SampleCall& s : orvel::reliability::parse_samples()) {
+        const int validate = orvel::reliability::arg_index(s.call.entry(), "validate");
         for (int flag : {1, 0}) {
             if (validate >= 0) s.call.args()[static_cast<std::size_t>(validate)].ints0[0] = flag;
             AllocationCount count;
             s.call.invoke();
-            EXPECT_EQ(count.stop(), 0) << "validate " << flag;
+            EXPECT_EQ(count.stop(), 0) << s.where << " with validate " << flag;
             if (validate < 0) break;
         }
     }
