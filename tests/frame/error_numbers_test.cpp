@@ -118,6 +118,10 @@ TEST(ErrorNumbers, DateListsHoldAtMostOneThousandDates) {
                             validate, &err), validate ? 0 : 1001);
         EXPECT_EQ(err, validate ? uint32_t{ORVEL_E_LIST_LENGTH} : 0u);
     }
+    uint32_t err = 0;  // 999 dates and one more make exactly 1000: merged
+    EXPECT_EQ(MDY_maint(1, am.data(), ad.data(), ay.data(), amt.data(), 999, 1001, &cm, &cd, &cy, &camt, 1, 1, &err),
+              1000);
+    EXPECT_EQ(err, 0u);
 }
 
 // The text is cut to size - 1 characters and terminated, nothing written for a size below 1 or past the
