@@ -5,6 +5,7 @@
 
 #include "calendar/day_count.hpp"
 #include "core/civil.hpp"
+#include "schedule/grid.hpp"
 
 namespace orvel::bond {
 
@@ -23,13 +24,13 @@ inline int32_t days_between(const Date& a, const Date& b, int32_t day_type) {
 inline constexpr int32_t actual_days = 1;
 
 // The dated and first coupon dates a bond without them runs on: regularly back from maturity without a
-// first-period limit (maturity's month and day in 1804, the first coupon one period later), and the first
-// coupon one period after a dated date given alone. The same defaults the date validator writes back.
+// first-period limit, and the first coupon one period after a dated date given alone. The same defaults
+// the date validator writes back.
 inline void default_first_period(const Date& mat, Date* dated, Date* first_cpn, int32_t cpn_freq, int32_t eom) {
     if (is_blank(*dated)) {
-        *dated = Date{mat.m, mat.d, 1804};
-        dated->d = cal::fixed_day(mat, *dated, eom != 0);
-        *first_cpn = step_periods(*dated, 1, cpn_freq, eom);
+        const auto p = schedule::unlimited_first_period(mat, cpn_freq, eom);
+        *dated = p.dated;
+        *first_cpn = p.first_cpn;
     } else if (is_blank(*first_cpn)) {
         *first_cpn = step_periods(*dated, 1, cpn_freq, eom);
     }

@@ -11,8 +11,6 @@ using orvel::DateRef;
 
 namespace {
 
-constexpr int32_t kNoLimitYear = 1804;  // a dated date in this year means no first-period limit
-
 // The dates of one coupon bond: the anchor is where the regular schedule is counted back from (maturity,
 // or the last regular coupon date of an odd-last bond).
 struct BondGroup {
@@ -31,13 +29,11 @@ Check& open_group(Check& check, const BondGroup& g) {
     return orvel::optional(check, ORVEL_ROLE_DATED, g.dated.get());
 }
 
-// With neither date given the schedule runs regularly back from the anchor: the dated date takes the
-// anchor's month and day in 1804, the first coupon one period later.
+// With neither date given the schedule runs regularly back from the anchor, without a first-period limit.
 bool regular_defaults(BondGroup& g) {
-    Date start{g.anchor.m, g.anchor.d, kNoLimitYear};
-    start.d = orvel::cal::fixed_day(g.anchor, start, g.conv.eom != 0);
-    g.dated.set(start);
-    g.first.set(orvel::periods_later(start, 1, g.conv.cpn_freq, g.conv.eom));
+    const auto p = orvel::schedule::unlimited_first_period(g.anchor, g.conv.cpn_freq, g.conv.eom);
+    g.dated.set(p.dated);
+    g.first.set(p.first_cpn);
     g.supplied = true;
     return true;
 }
@@ -54,7 +50,7 @@ bool first_coupon(uint32_t* err_code, BondGroup& g) {
     const bool odd =
         orvel::schedule::count_periods(dated, g.anchor, g.conv.day_type, g.conv.eom, g.conv.cpn_freq).frac == 1;
     if (!odd && orvel::is_blank(g.first.get())) {
-        g.first.set(orvel::periods_later(dated, 1, g.conv.cpn_freq, g.conv.eom));
+        g.first.set(orvel::schedule::grid_date(dated, 1, g.conv.cpn_freq, g.conv.eom));
         g.supplied = true;
         return true;
     }

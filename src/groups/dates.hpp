@@ -38,10 +38,6 @@ inline Check& dated_for_first(Check& check, DateRef dated, Date first) {
     return check;
 }
 
-inline Date periods_later(Date x, int32_t n, int32_t cpn_freq, int32_t eom) {
-    return cal::add_periods(x, n, cpn_freq, eom != 0);
-}
-
 // a before b in calendar order.
 inline bool earlier(Date a, Date b) { return cal::compare(a, b) < 0; }
 

@@ -27,6 +27,20 @@ constexpr Date grid_date(Date anchor, int64_t n, int32_t cpn_freq, int32_t eom) 
     return cal::add_periods(anchor, n, cpn_freq, eom != 0);
 }
 
+// A bond given neither a dated nor a first coupon date runs regularly back from its anchor without a
+// first-period limit: the dated date takes the anchor's month and day in 1804 (a month end kept under
+// eom), the first coupon one period later. The date validators write these defaults back and the engine
+// runs on them, both from here.
+inline constexpr int32_t no_limit_year = 1804;
+struct FirstPeriod {
+    Date dated, first_cpn;
+};
+constexpr FirstPeriod unlimited_first_period(Date anchor, int32_t cpn_freq, int32_t eom) {
+    Date dated{anchor.m, anchor.d, no_limit_year};
+    dated.d = cal::fixed_day(anchor, dated, eom != 0);
+    return {dated, grid_date(dated, 1, cpn_freq, eom)};
+}
+
 // Whole periods in a month distance, truncated toward zero; the usual period lengths divide by a constant.
 constexpr int64_t whole_periods(int64_t months, int32_t per_months) {
     switch (per_months) {
