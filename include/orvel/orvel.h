@@ -6,5 +6,10 @@
 #include "orvel/calendar.h"
 #include "orvel/schedule.h"
 #include "orvel/bond.h"
+#include "orvel/money.h"
+#include "orvel/cashflow.h"
+#include "orvel/perf.h"
+#include "orvel/mortgage.h"
+#include "orvel/markets.h"
 
 #endif /* ORVEL_H */

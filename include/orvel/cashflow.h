@@ -1,0 +1,9 @@
+/*
+ * ORVEL time value of money and cash-flow sets: annuities, present and future values, amortization tables, price, yield and risk of dated or timed cash flows.
+ */
+#ifndef ORVEL_CASHFLOW_H
+#define ORVEL_CASHFLOW_H
+
+#include "orvel/frame.h"
+
+#endif /* ORVEL_CASHFLOW_H */
