@@ -487,3 +487,25 @@ double pow(double x, double y) noexcept {
 }
 
 }  // namespace orvel
+
+namespace orvel {
+
+double log(double x) noexcept {
+    if (x != x) return x;
+    if (x < 0.0) return std::numeric_limits<double>::quiet_NaN();
+    if (x == 0.0) return -std::numeric_limits<double>::infinity();
+    if (x == std::numeric_limits<double>::infinity()) return x;
+    if (x == 1.0) return 0.0;
+    const DD l = log_dd(x);
+    return l.hi + l.lo;
+}
+
+double exp(double x) noexcept {
+    if (x != x) return x;
+    if (x > 710.0) return std::numeric_limits<double>::infinity();
+    if (x < -746.0) return 0.0;
+    if (x == 0.0) return 1.0;
+    return exp_dd(x, 0.0);
+}
+
+}  // namespace orvel

@@ -9,4 +9,9 @@ namespace orvel {
 
 double pow(double x, double y) noexcept;
 
+// Natural logarithm and exponential on the same kernels, so they too give the same bits everywhere
+// (log: NaN below 0, -inf at 0; exp: +inf above 710, 0 below -746). Use these, not the C runtime's.
+double log(double x) noexcept;
+double exp(double x) noexcept;
+
 }  // namespace orvel

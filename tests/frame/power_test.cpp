@@ -61,3 +61,25 @@ TEST(Power, SpecialValuesAsC) {
 }
 
 }  // namespace
+
+namespace {
+
+// orvel::log and orvel::exp against the x87 logl and expl, and their special values.
+TEST(Power, LogAndExpWithinHalfAnUlpOfLongDouble) {
+    std::mt19937_64 gen(11);
+    std::uniform_real_distribution<double> wide(-700.0, 700.0), near_one(-0.02, 0.02);
+    for (int i = 0; i < 200000; ++i) {
+        const double t = i % 2 == 0 ? wide(gen) : near_one(gen);
+        EXPECT_LE(std::fabs(ulps(orvel::exp(t), expl(t))), 0.5 + 1.0 / 1024) << std::hexfloat << t;
+        const double x = std::exp(t);
+        EXPECT_LE(std::fabs(ulps(orvel::log(x), logl(x))), 0.5 + 1.0 / 1024) << std::hexfloat << x;
+    }
+    EXPECT_EQ(orvel::log(1.0), 0.0);
+    EXPECT_EQ(orvel::exp(0.0), 1.0);
+    EXPECT_EQ(orvel::log(0.0), -INFINITY);
+    EXPECT_TRUE(std::isnan(orvel::log(-1.0)));
+    EXPECT_EQ(orvel::exp(711.0), INFINITY);
+    EXPECT_EQ(orvel::exp(-750.0), 0.0);
+}
+
+}  // namespace
