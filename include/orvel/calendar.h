@@ -185,9 +185,9 @@ ORVEL_EXPORT(int32_t) sort2_MDYs(int32_t* months, int32_t* days, int32_t* years,
  * are left unspecified).
  * Errors: action not 1, -1 or -2 is 5310. Always (the arrays are never written past capacity): count
  * above capacity, or a merge that needs more than capacity entries, is 13000 (arrays too small). With
- * validate: either list longer than 1000 dates (ORVEL_DATE_LIST_MAX) is 14000; a bad date at index i of the
+ * validate: either list longer than 1000 dates (ORVEL_DATE_LIST_MAX) is 14010; a bad date at index i of the
  * first list, then of the second, is 12000 + i; the first list not strictly ascending is 7701, the second
- * 7702; a merge that would make the list longer than 1000 dates is 14000. On any error the lists are
+ * 7702; a merge that would make the list longer than 1000 dates is 14010. On any error the lists are
  * unchanged and 0 is returned. A count or chg_count below 0 is taken as 0. Without validation nothing is
  * reported by index, so the lists may be of any length (capacity permitting), and an unsorted list gives
  * some list, never a write outside the arrays. */

@@ -55,7 +55,7 @@
  *   4100 + 1 (a coupon amount);                    4300 + 1 or 2 (the first or second tax rate);
  *   4800 + least, for a least of 0..299 only (4800..5099): ok_days_per writes 4750 for any other least;
  *   12000 + index, for indexes 0..999 only (12000..12999): every function that reports a bad list date by
- *   its index refuses a list longer than ORVEL_DATE_LIST_MAX (1000) dates with 14000 (ok_sf_in: 14300)
+ *   its index refuses a list longer than ORVEL_DATE_LIST_MAX (1000) dates with 14010 (ok_sf_in: 14300)
  *   before it checks any date of the list. Without validation nothing is reported by index and no length bound
  *   applies; the sorts report a bad date by the number of ok_MDY and take a list of any length.
  * The rows 501, 591, 601, 2057, 2097, 2179, 2191, 2199, 4101, 4301 and 4302 are built numbers whose
@@ -180,7 +180,7 @@
     X(ORVEL_E_FRN_RST_SETTLE, 2097, "last reset date after settlement")                            \
     X(ORVEL_E_FRN_NEXT_RST, 2179, "settlement not before the next reset date")                     \
     X(ORVEL_E_FRN_RST_ORDER, 2199, "last reset date not before the next reset date")               \
-    X(ORVEL_E_LIST_LENGTH, 14000, "date list longer than 1000 dates")                              \
+    X(ORVEL_E_LIST_LENGTH, 14010, "date list longer than 1000 dates")                              \
     X(ORVEL_E_DAYS_PER_BELOW, 4750, "days in the period below the least given (a least outside 0..299)")
 
 #define ORVEL_ERROR_ENUM_(name, number, meaning) name = number,
@@ -603,12 +603,12 @@ ORVEL_EXPORT(int32_t) ok_frn_MDYs(int32_t settle_m, int32_t settle_d, int32_t se
                                   int32_t next_rst_m, int32_t next_rst_d, int32_t next_rst_y, uint32_t* err_code);
 
 /* Floating-rate coupon dates: the reference date (settlement) valid and not blank, else 1507; count > 0
- * (else 10040) and at most 1000 (else 14000); each list date valid (12000 + index); the first list date not after the reference date
+ * (else 10040) and at most 1000 (else 14010); each list date valid (12000 + index); the first list date not after the reference date
  * (10046); the reference date before the last list date (10047). Lists are months[], days[], years[]. */
 ORVEL_EXPORT(int32_t) ok_flt_cpns(int32_t ref_m, int32_t ref_d, int32_t ref_y, int32_t count, const int32_t* months,
                                   const int32_t* days, const int32_t* years, uint32_t* err_code);
 
-/* Floating-rate resets: the reference date (1507 as above); count > 0 (10041) and at most 1000 (14000);
+/* Floating-rate resets: the reference date (1507 as above); count > 0 (10041) and at most 1000 (14010);
  * each reset date valid (12000 + index); each rate ok_cpn_rate (4100); the dates strictly ascending (10045). */
 ORVEL_EXPORT(int32_t) ok_flt_rcs(int32_t ref_m, int32_t ref_d, int32_t ref_y, int32_t count, const int32_t* months,
                                  const int32_t* days, const int32_t* years, const double* rates, uint32_t* err_code);

@@ -24,7 +24,7 @@ int32_t exdiv_in_period(Date exdiv, Date settle, Date mat, Date dated, Date firs
 }
 
 // Each date of three parallel lists valid: 12000 + the index of the first bad one. A list longer than
-// ORVEL_DATE_LIST_MAX is 14000 first, so that an index never reaches the numbers above 12999.
+// ORVEL_DATE_LIST_MAX is 14010 first, so that an index never reaches the numbers above 12999.
 Check& date_list(Check& check, int32_t count, const int32_t* ms, const int32_t* ds, const int32_t* ys) {
     check.expect(count <= ORVEL_DATE_LIST_MAX, ORVEL_E_LIST_LENGTH);
     for (int32_t i = 0; check && i < count; ++i)
