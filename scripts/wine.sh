@@ -25,7 +25,9 @@ echo "wine: 64-bit only (wine32 does not install from the Debian archive here): 
 
 cmake -S "$ORVEL_ROOT" -B "$build" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$ORVEL_ROOT/cmake/toolchain-x86_64-mingw32.cmake" \
       -DORVEL_CLI_ONLY=ON -DORVEL_WERROR=ON >/dev/null
-cmake --build "$build" -j2 --target orvel_cli
+cmake --build "$build" -j2 --target orvel_cli orvel
+python3 "$ORVEL_ROOT/tools/check_dll.py" x86_64-w64-mingw32-objdump "$build/ORVEL64.dll" "$build/gen/orvel64.def" \
+        "$build/gen/export_names.txt"
 [ -f "$ORVEL_ROOT/build/build.ninja" ] || cmake -S "$ORVEL_ROOT" -B "$ORVEL_ROOT/build" -G Ninja -DORVEL_WERROR=ON >/dev/null
 cmake --build "$ORVEL_ROOT/build" -j2 --target orvel_cli
 

@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""Checks ORVEL.dll with the cross objdump: every listed export under its plain and its decorated name at one
-address and no other export, system DLLs only among the imports, and DllMain linked (it is the only code
+"""Checks ORVEL.dll (or ORVEL64.dll) with the cross objdump: every listed export under its plain and its
+decorated name at one address (ORVEL64.dll: its plain name; x86-64 has no decoration) and no other export, system DLLs only among the imports, and DllMain linked (it is the only code
 that imports DisableThreadLibraryCalls).
 
 usage: check_dll.py OBJDUMP ORVEL.dll orvel.def export_names.txt
+       check_dll.py OBJDUMP ORVEL64.dll orvel64.def export_names.txt
 """
 import re
 import subprocess
@@ -71,9 +72,16 @@ def main():
     exported = exports_by_name(dump)
     decorated = decorated_names(def_file)
     listed = open(names_file).read().split()
+    plain_only = "LIBRARY ORVEL64" in open(def_file).read()
+    module = "ORVEL64.dll" if plain_only else "ORVEL.dll"
     problems = []
     expected = set()
     for name in listed:
+        if plain_only:
+            expected.add(name)
+            if name not in exported:
+                problems.append(f"{name}: not exported")
+            continue
         dec = decorated.get(name)
         if dec is None:
             problems.append(f"{name}: no decorated name in the module definition")
@@ -93,8 +101,8 @@ def main():
     if not any("DisableThreadLibraryCalls" in funcs for funcs in imported.values()):
         problems.append("DisableThreadLibraryCalls not imported: DllMain is not linked")
     for p in problems:
-        print(f"ORVEL.dll: {p}")
-    print(f"ORVEL.dll: {len(listed)} listed exports, {len(exported)} names exported, imports {', '.join(sorted(imported))}")
+        print(f"{module}: {p}")
+    print(f"{module}: {len(listed)} listed exports, {len(exported)} names exported, imports {', '.join(sorted(imported))}")
     sys.exit(1 if problems else 0)
 
 

@@ -5,7 +5,8 @@ The list is the only hand-kept enumeration of the library's functions. From it t
   export_table.inc   the C++ table: names, argument kinds, decorated sizes and a call thunk per export
                      (used by the command-line tool, the tests, the fuzzer)
   header_check.inc   static_asserts that every header declaration has exactly the listed signature
-  orvel.def          the Windows module definition: plain and decorated name of every export
+  orvel.def          the 32-bit Windows module definition: plain and decorated name of every export
+  orvel64.def        the 64-bit Windows module definition: plain names (x86-64 has one calling convention)
   orvel.map          the ELF version script: only the listed names are visible
   export_names.txt   one name a line, for the export-set test
 
@@ -185,6 +186,13 @@ def write_def(entries, out):
     out.write_text("\n".join(lines) + "\n")
 
 
+def write_def64(entries, out):
+    lines = ["; Generated from exports/*.list by tools/gen_exports.py. Do not edit.",
+             "; Every function under its plain name: x86-64 has one calling convention and no decoration.",
+             "LIBRARY ORVEL64", "EXPORTS"] + [f"    {e['name']}" for e in entries]
+    out.write_text("\n".join(lines) + "\n")
+
+
 def write_map(entries, out):
     names = "\n".join(f"    {e['name']};" for e in entries)
     out.write_text(f"ORVEL_1 {{\n  global:\n{names}\n  local: *;\n}};\n")
@@ -207,6 +215,7 @@ def main():
     write_table(entries, dst / "export_table.inc")
     write_header_check(entries, dst / "header_check.inc")
     write_def(entries, dst / "orvel.def")
+    write_def64(entries, dst / "orvel64.def")
     write_map(entries, dst / "orvel.map")
     (dst / "export_names.txt").write_text("".join(e["name"] + "\n" for e in entries))
 
