@@ -1,8 +1,11 @@
 // Parsing one call line into a prepared call, calling it without allocation, and formatting its results.
 #include "call_syntax.hpp"
 
+#include "orvel/conventions.h"
+
 #include <algorithm>
 #include <charconv>
+#include <iterator>
 
 namespace orvel::callkit {
 
@@ -64,7 +67,7 @@ bool is_typed(const ExportSpec& e, const std::vector<bool>& derived, int index) 
 // The typed word with what it must look like, for messages.
 const char* expected_form(Kind k) {
     switch (k) {
-    case Kind::I32: case Kind::IoI32: return "an integer (32-bit)";
+    case Kind::I32: case Kind::IoI32: return "an integer (32-bit) or a named code (ACT_ACT, SEMIANNUAL, UKGB, ...)";
     case Kind::F64: case Kind::IoF64: return "a number";
     case Kind::Date: case Kind::IoDate: return "a date M/D/YYYY or YYYY-MM-DD (blank 0/0/0)";
     case Kind::ArrI32: case Kind::IoArrI32: return "a comma-separated list of integers ([] for none)";
@@ -79,6 +82,35 @@ bool parse_int(std::string_view s, int32_t& value) {
     auto [ptr, ec] = std::from_chars(s.data(), end, value);
     return !s.empty() && ec == std::errc() && ptr == end;
 }
+
+// The named codes of orvel/conventions.h (ACT_ACT or ORVEL_DC_ACT_ACT, UKGB or ORVEL_MKT_UKGB, ...).
+struct NamedCode {
+    std::string_view name;
+    int32_t value;
+};
+#define ORVEL_NAMED_CODE_(name, code, ...) {#name, code},
+constexpr NamedCode named_codes[] = {ORVEL_DAY_COUNT_TABLE(ORVEL_NAMED_CODE_) ORVEL_FREQUENCY_TABLE(ORVEL_NAMED_CODE_)
+                                         ORVEL_SELECTOR_TABLE(ORVEL_NAMED_CODE_) ORVEL_MARKET_TABLE(ORVEL_NAMED_CODE_)};
+#undef ORVEL_NAMED_CODE_
+
+// The name without its ORVEL_ prefix and family tag: ORVEL_DC_ACT_ACT is also DC_ACT_ACT and ACT_ACT.
+bool parse_named_code(std::string_view s, int32_t& value) {
+    for (const NamedCode& c : named_codes) {
+        std::string_view n = c.name.substr(6);  // past "ORVEL_"
+        const std::string_view tags[] = {"DC_", "MKT_"};
+        const bool match = s == c.name || s == n ||
+                           std::any_of(std::begin(tags), std::end(tags), [&](std::string_view t) {
+                               return n.starts_with(t) && s == n.substr(t.size());
+                           });
+        if (match) {
+            value = c.value;
+            return true;
+        }
+    }
+    return false;
+}
+
+bool parse_code(std::string_view s, int32_t& value) { return parse_int(s, value) || parse_named_code(s, value); }
 
 bool parse_real(std::string_view s, double& value) {
     if (!s.empty() && s.front() == '+') s.remove_prefix(1);
@@ -137,7 +169,7 @@ bool parse_word(const ExportSpec& e, int index, std::string_view word, ArgValue&
     bool ok = false;
     if (k == Kind::I32 || k == Kind::IoI32) {
         v.ints0.assign(1, 0);
-        ok = parse_int(word, v.ints0[0]);
+        ok = parse_code(word, v.ints0[0]);
     } else if (k == Kind::F64 || k == Kind::IoF64) {
         v.reals0.assign(1, 0.0);
         ok = parse_real(word, v.reals0[0]);
@@ -326,6 +358,13 @@ std::string PreparedCall::csv(int digits) const {
     out += ',';
     if (has_err()) out += std::to_string(err_);
     return out;
+}
+
+std::string PreparedCall::csv_header() const {
+    std::string out = "function,result";
+    for (const ArgSpec& a : entry_->args())
+        if (is_output(a.kind) || is_io(a.kind)) out += std::string(",") + a.name;
+    return out + ",err_code";
 }
 
 std::vector<std::string_view> split_words(std::string_view line) {

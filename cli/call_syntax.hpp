@@ -68,6 +68,8 @@ public:
     // One CSV line: function, result, each output and io value, err_code (fields holding commas quoted);
     // doubles with that many significant digits.
     std::string csv(int digits = spreadsheet_digits) const;
+    // The header row of csv(): function,result, the names of the outputs and io arguments, err_code.
+    std::string csv_header() const;
 
 private:
     friend bool parse(const exports::ExportSpec& e, const std::vector<std::string_view>& words, PreparedCall& call,

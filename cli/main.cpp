@@ -17,11 +17,14 @@ constexpr int exit_usage = 2;
 const char* const usage_text =
     "usage: orvel list [PREFIX]        every export (or those whose name starts with PREFIX) with its arguments\n"
     "       orvel call NAME ARG...     call one export and print its result, outputs and err_code\n"
-    "       orvel batch [--exact]      one call a line on stdin, one CSV line of results a call on stdout\n"
+    "       orvel batch [--exact] [--header]\n"
+    "                                  one call a line on stdin, one CSV line of results a call on stdout;\n"
+    "                                  --header: a header row before the first call of each function\n"
     "       orvel --help               this text\n"
     "\n"
     "Arguments are typed in the export's order (orvel list shows it):\n"
-    "  integers and numbers as written (nan, inf and -inf are numbers too)\n"
+    "  integers and numbers as written (nan, inf and -inf are numbers too); a code may be given by its\n"
+    "  name in orvel/conventions.h, with or without ORVEL_ (ACT_ACT, ORVEL_DC_ACT_360, SEMIANNUAL, UKGB)\n"
     "  dates as M/D/YYYY or YYYY-MM-DD, a blank date as 0/0/0\n"
     "  arrays as comma-separated lists without blanks (1.5,2,3), an empty list as []\n"
     "Output pointers and err_code are not typed. The count of an input array comes from the list's\n"
@@ -35,6 +38,7 @@ const char* const usage_text =
     "  orvel call rslt_fix_plc 9 2 1.5\n"
     "  orvel call ok_MDY 2/29/1900 0\n"
     "  orvel call err_2_text 2171 100\n"
+    "  orvel call get_sec_dflt UKGB -1 -1 -1 -1 -1 -1 -1 -1 -1 -1\n"
     "  orvel list ok_\n"
     "  printf 'd_trunc_rnd 2.5 0 1\\nok_cpn_freq 3\\n' | orvel batch\n"
     "\n"
@@ -74,7 +78,9 @@ std::string read_stdin() {
     return all;
 }
 
-int batch(int digits) {
+// With `header`, a CSV header row (function,result,outputs...,err_code) before the first call and before
+// every call of another function than the line before.
+int batch(int digits, bool header) {
     const std::string input = read_stdin();
     std::string out;
     out.reserve(1 << 20);
@@ -82,6 +88,7 @@ int batch(int digits) {
     std::size_t at = 0;
     ck::PreparedCall prepared;
     std::string error;
+    std::string_view last_function;
     for (int number = 1; at < input.size(); ++number) {
         std::size_t end = input.find('\n', at);
         if (end == std::string::npos) end = input.size();
@@ -89,6 +96,10 @@ int batch(int digits) {
         at = end + 1;
         if (words.empty()) continue;
         if (ck::parse(words, prepared, error)) {
+            if (header && prepared.entry().name != last_function) {
+                last_function = prepared.entry().name;
+                out += prepared.csv_header() + '\n';
+            }
             prepared.invoke();
             out += prepared.csv(digits);
         } else {
@@ -111,7 +122,11 @@ int batch(int digits) {
 
 int main(int argc, char** argv) {
     const std::string_view command = argc >= 2 ? argv[1] : "";
-    if (argc < 2 || command == "--help" || command == "-h" || command == "help") {
+    if (argc < 2) {  // no command: the usage, as an error
+        std::fputs(usage_text, stderr);
+        return exit_usage;
+    }
+    if (command == "--help" || command == "-h" || command == "help") {
         std::fputs(usage_text, stdout);
         return exit_ok;
     }
@@ -121,9 +136,14 @@ int main(int argc, char** argv) {
     }
     if (command == "call") return call(argc, argv);
     if (command == "batch") {
-        const bool exact = argc == 3 && std::string_view(argv[2]) == "--exact";
-        if (argc > 2 && !exact) return usage("batch reads its calls from stdin and takes no argument but --exact");
-        return batch(exact ? ck::exact_digits : ck::spreadsheet_digits);
+        bool exact = false, header = false;
+        for (int i = 2; i < argc; ++i) {
+            const std::string_view option = argv[i];
+            if (option == "--exact") exact = true;
+            else if (option == "--header") header = true;
+            else return usage("batch reads its calls from stdin and takes no argument but --exact and --header");
+        }
+        return batch(exact ? ck::exact_digits : ck::spreadsheet_digits, header);
     }
     return usage("unknown command '" + std::string(command) + "': expected list, call or batch");
 }

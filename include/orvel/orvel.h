@@ -3,6 +3,7 @@
 #define ORVEL_H
 
 #include "orvel/frame.h"
+#include "orvel/conventions.h"
 #include "orvel/calendar.h"
 #include "orvel/schedule.h"
 #include "orvel/bond.h"

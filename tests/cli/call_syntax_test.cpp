@@ -66,7 +66,7 @@ TEST(CallSyntax, ParseInvokeAndReport) {
         {T, "table -1 1", "", "got -1"},
         {nullptr, "d_trunc_rnd 1.5 2", "", "takes 3 arguments (num:f64 places:i32 rnd:i32), got 2"},
         {nullptr, "d_trunc_rnd 1.5 2.0 1", "", "'places' of d_trunc_rnd: expected an integer"},
-        {nullptr, "d_trunc_rnd 1.5 2147483648 1", "", "expected an integer (32-bit), got '2147483648'"},
+        {nullptr, "d_trunc_rnd 1.5 2147483648 1", "", "got '2147483648'"},
         {nullptr, "ok_MDY 2/29 1", "", "'date' of ok_MDY: expected a date"},
         {nullptr, "ZEBA_vers 1", "", "takes 0 arguments (none), got 1"},
         {nullptr, "", "", "no function named"},

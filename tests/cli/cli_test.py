@@ -32,9 +32,15 @@ CALLS = [
     ("call", 2, "name a function"),
     ("frobnicate", 2, "unknown command 'frobnicate'"),
     ("--help", 0, "orvel call d_trunc_rnd 1.23456 3 1"),
+    ("", 2, "usage: orvel list"),
+    ("call days_b_MDYs 1/15/2024 7/15/2024 ACT_360 1", 0, "days_b_MDYs = 182\n"),        # named codes,
+    ("call days_b_MDYs 1/15/2024 7/15/2024 ORVEL_DC_30E_360 1", 0, "days_b_MDYs = 180\n"),  # with the prefix
+    ("call get_sec_dflt UKGB -1 -1 -1 -1 -1 -1 -1 -1 -1 -1", 0, "get_sec_dflt = 410\nday_type = 12\n"),
+    ("call ok_cpn_freq QUARTERLY", 0, "ok_cpn_freq = 1\n"),
+    ("call ok_cpn_freq WEEKLY", 2, "expected an integer (32-bit) or a named code"),
 ]
 for args, status, text in CALLS:
-    code, out, err = run(*args.split())
+    code, out, err = run(*args.split()) if args else run()
     check(args, code == status and text in (out if status < 2 else err), f"exit {code}, stdout {out!r}, stderr {err!r}")
 
 # list: one line per entry of exports/*.list, continuation lines joined and comments dropped; a prefix narrows.
@@ -67,7 +73,13 @@ check("batch", out.splitlines() == expected and code == 2, f"exit {code}\n{out}"
 code, out, _ = run("batch", "--exact", stdin="d_trunc_rnd 0.1 3 1\nrslt_fix_plc 9 2 1.5\n")
 check("batch --exact", code == 0 and out == "d_trunc_rnd,0.10000000000000001,\nrslt_fix_plc,1.5,300\n", out)
 code, _, err = run("batch", "--fast")
-check("batch --fast", code == 2 and "no argument but --exact" in err, err)
+check("batch --fast", code == 2 and "no argument but --exact and --header" in err, err)
+# --header: a header row before the first call of each function, named by its outputs.
+code, out, _ = run("batch", "--header", stdin="ok_MDY 2/29/1900 0\nZEBA_vers\nZEBA_vers\n")
+check("batch --header", code == 0 and out.splitlines() == [
+    "function,result,err_code", "ok_MDY,0,1300",
+    "function,result,major,minor,rel_month,rel_day,rel_year,spare1,spare2,spare3,spare4,err_code",
+    "ZEBA_vers,,1,32,3,19,97,0,0,0,0,", "ZEBA_vers,,1,32,3,19,97,0,0,0,0,"], out)
 
 # 100,000 calls in a batch: well under a second (printed for the record, bounded generously here).
 big = "d_trunc_rnd 1.23456 3 1\nrslt_fix_plc 9 2 1.5\nok_MDY 2/29/1900 0\nerr_2_text 2171 100\n" * 25000
