@@ -20,10 +20,12 @@ orvel_apt() {
         { "${sudo[@]}" apt-get update -q >/dev/null 2>&1 && "${sudo[@]}" apt-get install -y -q "${missing[@]}" >/dev/null 2>&1; }
 }
 
-# The tools to build and test: compiler, CMake, Ninja, Python, GoogleTest, Google Benchmark.
+# The tools to build and test: compiler, CMake, Ninja, Python, GoogleTest, Google Benchmark, pkg-config;
+# for the bindings' tests the system Python's NumPy, pandas, Dask and pytest, and Mono's C# compiler.
+ORVEL_DEPS=(cmake ninja-build g++ python3 libgtest-dev libbenchmark-dev pkgconf python3-pytest python3-numpy
+            python3-pandas python3-dask python3-distributed mono-mcs mono-runtime)
 orvel_build_deps() {
-    orvel_apt cmake ninja-build g++ python3 libgtest-dev libbenchmark-dev ||
-        { echo "could not install the build tools (cmake ninja-build g++ python3 libgtest-dev libbenchmark-dev)"; return 1; }
+    orvel_apt "${ORVEL_DEPS[@]}" || { echo "could not install the build tools (${ORVEL_DEPS[*]})"; return 1; }
 }
 
 # Configures (first time) and builds the native tree in build/.

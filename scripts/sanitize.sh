@@ -16,5 +16,6 @@ cmake --build "$build" -j2 --target orvel_tests orvel_c_header_test orvel_cli
 export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 export ASAN_OPTIONS=abort_on_error=1:detect_leaks=1:strict_string_checks=1:detect_stack_use_after_return=1
 start=$(date +%s)
-ctest --test-dir "$build" -j2 --output-on-failure "$@"
+# (the install and binding tests load the library into other programs, which the sanitizers cannot run in)
+ctest --test-dir "$build" -j2 --output-on-failure -E '^(Install|Bindings)\.' "$@"
 echo "sanitize.sh: sanitized tests passed in $(( $(date +%s) - start )) s"
