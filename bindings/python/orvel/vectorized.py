@@ -38,15 +38,26 @@ def _date_columns(value, rows):
     if isinstance(value, tuple) and len(value) == 3 and any(np.ndim(v) for v in value):
         return [np.ascontiguousarray(np.broadcast_to(v, rows), dtype=np.int32) for v in value]
     if isinstance(value, np.ndarray) and np.issubdtype(value.dtype, np.datetime64):
-        days = value.astype("datetime64[D]")
-        years = days.astype("datetime64[Y]")
-        months = days.astype("datetime64[M]")
-        return [(months - years).astype(np.int32) + 1, (days - months).astype(np.int32) + 1,
-                years.astype(np.int32) + 1970]
+        return _civil(value.astype("datetime64[D]").astype(np.int32))
     if np.ndim(value) == 1 and not isinstance(value, (str, tuple)):
         mdy = np.array([to_mdy(v) for v in value], dtype=np.int32).reshape(-1, 3)
         return [np.ascontiguousarray(mdy[:, i]) for i in range(3)]
     return [np.int32(x) for x in to_mdy(value)]
+
+
+def _civil(days):
+    """Months, days and years of day numbers counted from 1 January 1970, in whole-array integer arithmetic
+    (the proleptic Gregorian calendar in 400-year eras; much faster than NumPy's month and year casts)."""
+    z = days + 719468
+    era = z // 146097
+    doe = z - era * 146097
+    yoe = (doe - doe // 1460 + doe // 36524 - doe // 146096) // 365
+    doy = doe - (365 * yoe + yoe // 4 - yoe // 100)
+    mp = (5 * doy + 2) // 153
+    day = doy - (153 * mp + 2) // 5 + 1
+    month = np.where(mp < 10, mp + 3, mp - 9)
+    year = yoe + era * 400 + (month <= 2)
+    return [month.astype(np.int32), day.astype(np.int32), year.astype(np.int32)]
 
 
 def _rows(values):
