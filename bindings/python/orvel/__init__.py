@@ -103,8 +103,8 @@ def _typed_args(args):
             and kind not in ("out_i32[]", "out_f64[]", "out_chr[]")]
 
 
-def _bind(name, spec):
-    result_kind, args, doc = spec
+def _bind(name, listed):
+    result_kind, args, doc = listed
     fn = getattr(library, name)
     fn.restype = RESULT_C[result_kind]
     typed = _typed_args(args)

@@ -73,8 +73,8 @@ def _rows(values):
     return lengths.pop() if lengths else 1
 
 
-def _bind(name, spec):
-    result_kind, args, doc = spec
+def _bind(name, listed):
+    result_kind, args, doc = listed
     if any(kind.endswith("[]") for _, kind, _, _ in args):
         return None
     typed = [n for n, _ in _typed_args(args)]
