@@ -194,3 +194,45 @@ inline bool valid_grid(int32_t wam, int32_t paymt_dly, int32_t days_acrd, const 
 }
 
 }  // namespace mbs
+
+namespace mbs {
+
+// ---- Graduated payments --------------------------------------------------------------------------------
+
+// The payments of a graduated-payment loan per 100 of the balance at origination: the first year's payment
+// 100 r / ((1 - q^-L) (G/Q)^g + (1 - (G/Q)^g) / (1 - G/Q) (1 - 1/Q)), r = cpn_rate/1200, q = 1 + r,
+// Q = q^12, G = 1 + grad_rate/100, g = grad_mths/12, L = orig_term - grad_mths; each later loan year's
+// payment G times the year before's for trunc(g) years, then level.
+class Graduated {
+public:
+    Graduated(int32_t orig_term, double cpn_rate, int32_t grad_mths, double grad_rate) {
+        const double r = mtg::monthly_rate(cpn_rate), q = 1.0 + r, big_q = orvel::pow(q, 12.0);
+        growth_ = 1.0 + grad_rate / 100.0;
+        const double g = grad_mths / 12.0, x = growth_ / big_q, xg = orvel::pow(x, g);
+        const double late = (1.0 - orvel::pow(q, -(static_cast<double>(orig_term) - grad_mths))) * xg;
+        first_ = 100.0 * r / (late + (1.0 - xg) / (1.0 - x) * (1.0 - 1.0 / big_q));
+        steps_ = g < 0.0 ? 0.0 : (g > 1e6 ? 1e6 : static_cast<double>(static_cast<int64_t>(g)));
+    }
+
+    bool has_value() const { return orvel::finite(first_) && first_ > 0.0; }
+
+    // Payment in the month of loan age `age` (1 = the first month of the loan).
+    double payment(int32_t age) const {
+        const double year = age < 1 ? 0.0 : (age - 1) / 12;
+        return first_ * orvel::pow(growth_, year < steps_ ? year : steps_);
+    }
+
+private:
+    double first_ = 0.0, growth_ = 1.0, steps_ = 0.0;
+};
+
+// Scheduled balance per 100 at origination at the start of loan age `age` (1 .. max_months + 1 walked).
+inline double graduated_balance(const Graduated& gpm, double cpn_rate, int64_t age) {
+    const int64_t months = std::clamp<int64_t>(age, 1, max_months + 1) - 1;
+    const double r = mtg::monthly_rate(cpn_rate);
+    double b = 100.0;
+    for (int32_t a = 1; a <= months; ++a) b = b * (1.0 + r) - gpm.payment(a);
+    return b;
+}
+
+}  // namespace mbs
