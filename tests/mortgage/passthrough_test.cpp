@@ -1,6 +1,7 @@
 // Pass-throughs: a 30-year pool at 100 PSA projected from its survival tables against a plain amortization
 // written out here, priced, solved back, and measured against sums written out here; the yield solve's
-// step counts; identities between the flow, balance, sinking-fund and effective forms.
+// step counts; identities of the effective, total-return and graduated forms. The balance and
+// sinking-fund forms are rows of tests/calls/mortgage.calls, their values worked from the flows.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -39,7 +40,8 @@ Plain amortize(int wam, int age0, double psa) {
 }
 
 // The pool's flows through the library: survival tables, then the projection.
-std::vector<double> project(int wam, double psa, std::vector<double>* prn = nullptr, std::vector<double>* bal = nullptr) {
+std::vector<double> project(int wam, double psa, std::vector<double>* prn = nullptr,
+                            std::vector<double>* bal = nullptr) {
     std::vector<double> surv(wam + 1), prepd(wam + 1), cfs(wam + 1), b(wam + 1), p(wam + 1);
     uint32_t err = 0;
     int32_t n = 0;
@@ -159,39 +161,6 @@ TEST(PassThrough, TotalReturnAtTheYieldIsTheYield) {
         const double monthly = (std::pow(1 + y / 200, 1.0 / 6) - 1) * 1200;
         EXPECT_NEAR(mbs_tot_rtn(price, hold, monthly, y, 24, 0, kTerm, cfs.data(), 1, &err), y, 1e-9) << hold;
     }
-}
-
-// The balance and sinking-fund forms against the flow forms on flows written out here.
-TEST(PassThrough, BalanceAndSinkingFundFormsAreTheirFlows) {
-    const std::vector<double> bals = {250, 200, 120, 40};  // any unit: flows per 100 of 250
-    std::vector<double> flows, prn;
-    for (size_t k = 0; k < bals.size(); ++k) {
-        const double next = k + 1 < bals.size() ? bals[k + 1] : 0;
-        prn.push_back((bals[k] - next) * 0.4);
-        flows.push_back(prn.back() + bals[k] * 0.4 * 0.06 / 12);
-    }
-    const std::vector<double> sf = {20, 32, 32};  // 100, 80, 48, 16 left: repaid with the last flow
-    const std::vector<double> sf_flows = {20 + 0.5, 32 + 0.4, 32 + 16 + 0.24};
-    uint32_t err = 0;
-    double mac = 0, mod = 0, mac_b = 0, mod_b = 0, ai = 0, ai_b = 0;
-    EXPECT_DOUBLE_EQ(mbs_p_b(6.5, 6, 4, 19, 3, bals.data(), 1, &err), mbs_p(6.5, 4, 19, 3, flows.data(), 1, &err));
-    const double y = mbs_y(99, 4, 19, 3, flows.data(), 1, &err);
-    EXPECT_NEAR(mbs_y_b(99, 6, 4, 19, 3, bals.data(), 1, &err), y, 1e-12);
-    EXPECT_NEAR(mbs_py_b(99, 2, 6, 19, 3, 4, bals.data(), 1, &err), y, 1e-12);
-    EXPECT_NEAR(mbs_py_ai_b(99, 2, 6, 19, 3, 4, bals.data(), &ai_b, 1, &err),
-                mbs_py_ai(99, 2, 6, 19, 3, 4, flows.data(), &ai, 1, &err), 1e-12);
-    EXPECT_DOUBLE_EQ(ai, 6 * 3 / 360.0);
-    EXPECT_DOUBLE_EQ(mbs_al_b(4, 19, 3, bals.data(), 1, &err), mbs_avg_life(4, 19, 3, prn.data(), 1, &err));
-    mbs_dur_b(6.5, 99, 6, 19, 3, 4, bals.data(), &mac_b, &mod_b, 1, &err);
-    mbs_duration(6.5, 99, 19, 3, 4, flows.data(), &mac, &mod, 1, &err);
-    EXPECT_DOUBLE_EQ(mac_b, mac);
-    EXPECT_DOUBLE_EQ(mbs_cvx_b(6.5, 99, 6, 19, 3, 4, bals.data(), 1, &err), mbs_cvx(6.5, 99, 19, 3, 4, flows.data(), 1, &err));
-    EXPECT_DOUBLE_EQ(mbs_sf_p(6.5, 6, 3, 19, 3, sf.data(), 1, &err), mbs_p(6.5, 3, 19, 3, sf_flows.data(), 1, &err));
-    EXPECT_NEAR(mbs_sf_y(99, 6, 3, 19, 3, sf.data(), 1, &err), mbs_y(99, 3, 19, 3, sf_flows.data(), 1, &err), 1e-12);
-    const double t0 = 1.0 / 12 + 16 / 360.0;
-    EXPECT_NEAR(mbs_sf_al(3, 19, 3, sf.data(), 1, &err), (20 * t0 + 32 * (t0 + 1 / 12.) + 48 * (t0 + 2 / 12.)) / 100,
-                1e-15);
-    EXPECT_EQ(err, 0u);
 }
 
 // A graduated plan with no graduation is the level loan; with graduation it still pays off at its term.
