@@ -13,13 +13,14 @@
  * compounded twice a year): flow k is discounted by b^(2 t_k), b = 1 + yld/200. Prices are per 100 of the
  * current balance and are full prices (the present value of the flows, accrued interest included).
  * Arrays of flows hold `wam` monthly amounts; more than 600 (50 years) is 15600 on every call, validated or
- * not, before any other check. With validate, every element of an input array must be finite (15601).
+ * not, before any other check but the projections' capacity (10010). With validate, every element of an
+ * input array must be finite (15601).
  * On failure: err_code written, 0 returned, no output touched (except the count that 13000 writes). */
 
 /* Price at a bond-equivalent yield: sum of cfs[k] / b^(2 t_k). The factors are formed month by month
  * (b^(2 t_0), then times b^(1/6)); when the running factor reaches 1e30 / b^(1/6) the sum is started again
  * with a direct power for every flow, so a yield high enough to overflow the product still prices.
- * b = 0 (yld = -200) discounts by 0: an infinite (or NaN) price, kept.
+ * b = 0 (yld = -200) makes every factor 0: an infinite (or NaN) price, kept.
  * Errors in order: 15600; with validate ok_given(yld, 1) (4001 for 0 or a non-number), ok_wam(wam, 0)
  * (11901), ok_paymt_dly (6300), ok_days_acrd (11200), 15601; then 4090 when b < 0. */
 ORVEL_EXPORT(double) mbs_p(double yld,        /* bond-equivalent yield, percent */
