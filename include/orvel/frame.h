@@ -181,7 +181,17 @@
     X(ORVEL_E_FRN_NEXT_RST, 2179, "settlement not before the next reset date")                     \
     X(ORVEL_E_FRN_RST_ORDER, 2199, "last reset date not before the next reset date")               \
     X(ORVEL_E_LIST_LENGTH, 14010, "date list longer than 1000 dates")                              \
-    X(ORVEL_E_DAYS_PER_BELOW, 4750, "days in the period below the least given (a least outside 0..299)")
+    X(ORVEL_E_DAYS_PER_BELOW, 4750, "days in the period below the least given (a least outside 0..299)") \
+    X(ORVEL_E_MBS_CAPACITY, 10010, "projection arrays hold no more entries than the months projected") \
+    X(ORVEL_E_MBS_MONTHS, 15600, "more than 600 monthly flows or months")                          \
+    X(ORVEL_E_MBS_ELEMENT, 15601, "an array element not a finite number, or a balance negative")   \
+    X(ORVEL_E_MBS_PRN_SUM, 15602, "principal flows sum to zero or less: no half-life")             \
+    X(ORVEL_E_MBS_PRICE, 15603, "price of the flows zero or less: no duration")                    \
+    X(ORVEL_E_MBS_SHIFT, 15604, "yield shift not above 0 and at most 10 percent")                  \
+    X(ORVEL_E_MBS_SF_SUM, 15605, "sinking-fund amounts retire more than the balance")              \
+    X(ORVEL_E_MBS_MONTH_ORDER, 15606, "maturity not in a later month than settlement")             \
+    X(ORVEL_E_MBS_HORIZON, 15607, "horizon value or time not positive: no annual return")          \
+    X(ORVEL_E_MBS_GPM, 15608, "graduated payments have no value at these rates")
 
 #define ORVEL_ERROR_ENUM_(name, number, meaning) name = number,
 enum orvel_error { ORVEL_ERROR_TABLE(ORVEL_ERROR_ENUM_) };
