@@ -181,7 +181,12 @@
     X(ORVEL_E_FRN_NEXT_RST, 2179, "settlement not before the next reset date")                     \
     X(ORVEL_E_FRN_RST_ORDER, 2199, "last reset date not before the next reset date")               \
     X(ORVEL_E_LIST_LENGTH, 14010, "date list longer than 1000 dates")                              \
-    X(ORVEL_E_DAYS_PER_BELOW, 4750, "days in the period below the least given (a least outside 0..299)")
+    X(ORVEL_E_DAYS_PER_BELOW, 4750, "days in the period below the least given (a least outside 0..299)") \
+    X(ORVEL_E_ACT_YEAR, 15100, "actual-year method (act_yr_type) gives no year of 365 or 366 days")       \
+    X(ORVEL_E_NO_QUOTE, 15101, "quote not finite (a 100% tax rate, a zero price, or a term of no days)")  \
+    X(ORVEL_E_SALE_DATE, 15102, "sale date invalid or blank")                                             \
+    X(ORVEL_E_SALE_ORDER, 15103, "purchase date not before the sale date")                                \
+    X(ORVEL_E_SALE_AFTER_MAT, 15104, "sale date after maturity")
 
 #define ORVEL_ERROR_ENUM_(name, number, meaning) name = number,
 enum orvel_error { ORVEL_ERROR_TABLE(ORVEL_ERROR_ENUM_) };
