@@ -52,8 +52,8 @@ ORVEL_EXPORT(double) disc_y_2_p(double yld, double redemptn, int32_t days, int32
  *   disc_p_2_cey  the cey at which disc_cey_2_p gives price, to 5e-7 per 100 of price, by the library's
  *                 three-point solver from y0 = (((100 - price)(1 - tau) / price + 1)^(1 / (n + f)) - 1) x 200
  *                 (100, not R: a start only; exactly 1.0 starts at 1.1, exactly 0 is the answer), then
- *                 y0 - 1 and y0 + 1; the first candidate within the tolerance is returned (typically 3 to 6
- *                 price evaluations).
+ *                 y0 - 1 and y0 + 1; the first candidate within the tolerance is returned (at most 7
+ *                 price evaluations over terms to two years).
  * Validation (validate != 0), in order: the given value (a bey or cey above 0: 4005, 4004; a price: 4002);
  * 4200 redemptn; 4400 days_pcnt negative; 4600 full_per below 1; 4300 tax_rate.
  * Always: 4090 when 1 + bey / 200, b or a is zero or negative; 9020 when the solve fails (a degenerate
