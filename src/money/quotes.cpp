@@ -56,15 +56,15 @@ bool all_quotes(double value, int32_t calc_type, const Term& t, double redemptn,
         if (e != 0) return fail(err, e);
         if (!simple_quotes(price, 2, t, redemptn, tau, q)) return fail(err, ORVEL_E_NO_QUOTE);
     }
+    // The given quote is kept as it came, not recomputed.
     if (!compound) {
-        q->cey = q->bey = q->yld * to_actual;
+        q->cey = calc_type == 4 ? value : q->yld * to_actual;
+        q->bey = calc_type == 5 ? value : q->yld * to_actual;
     } else {
         q->cey = calc_type == 4 ? value : cey_from_price(q->price, redemptn, t.days_pcnt, t.full_per, tau, &e);
-        q->bey = bey_from_price(q->price, redemptn, t.days_pcnt, t.full_per, tau);
+        q->bey = calc_type == 5 ? value : bey_from_price(q->price, redemptn, t.days_pcnt, t.full_per, tau);
         if (e != 0) return fail(err, e);
     }
-    if (calc_type == 4) q->cey = value;
-    if (calc_type == 5) q->bey = value;
     return (std::isfinite(q->cey) && std::isfinite(q->bey)) || fail(err, ORVEL_E_NO_QUOTE);
 }
 
