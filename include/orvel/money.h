@@ -94,8 +94,8 @@ ORVEL_EXPORT(double) disc_dol_equ(int32_t settle_m, int32_t settle_d, int32_t se
  * disc_p_2_bey.
  * Validation (validate != 0): ok_disc_in (500/501 day_type, 200 calc_type, 4001..4005 value, the dates +1,
  * +7, 2171, 4200 redemptn, 4301 tax_rate, 4302 lt_tax_rate); 1502 act_yr_type 2 or 6 (they measure from a
- * dated date). Always: 15100 act_yr_type gives no year of 365 or 366 days; 500/501 a day_type without a year
- * basis; then with calc_type outside 1..5 the call returns with nothing written and no error; the
+ * dated date). Always: 500/501 a day_type without a year basis; 15100 act_yr_type gives no year of 365 or
+ * 366 days; then with calc_type outside 1..5 the call returns with nothing written and no error; the
  * kernels' 4090, 9020, 15101. On failure no output is written. */
 ORVEL_EXPORT(void) disc_pydbey(double value, int32_t calc_type, int32_t settle_m, int32_t settle_d, int32_t settle_y,
                                int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t day_type, int32_t act_yr_type,
