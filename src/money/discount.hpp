@@ -55,6 +55,10 @@ inline double bey_from_price(double price, double redemptn, double days_pcnt, in
     return (orvel::pow((1.0 - tau) * redemptn / price, 1.0 / (full_per + days_pcnt)) - 1.0) * 200.0;
 }
 
+// b^n for whole n. A bill of up to a year has at most one whole half-year: b^0 and b^1 need no power
+// function (and are exactly what it gives), which keeps the compound-equivalent solve of a bill cheap.
+inline double whole_power(double b, int32_t n) { return n == 1 ? b : n == 0 ? 1.0 : orvel::pow(b, n); }
+
 // A simple-interest stub of days_pcnt half-years and full_per compounded ones. The tax enters twice, on the
 // discount factor and on the redemption; untaxed this is R / ((1 + f y / 2)(1 + y / 2)^n).
 inline double price_from_cey(double cey, double redemptn, double days_pcnt, int32_t full_per, double tau,
@@ -63,7 +67,7 @@ inline double price_from_cey(double cey, double redemptn, double days_pcnt, int3
     const double a = days_pcnt * 0.5 * y + 1.0;
     const double b = 1.0 + 0.5 * y;
     if (!(a > 0.0 && b > 0.0)) return bond::fail_price(err, ORVEL_E_NEG_BASE);
-    return (1.0 / orvel::pow(b, full_per) - tau) * ((1.0 - tau) * redemptn / a);
+    return (1.0 / whole_power(b, full_per) - tau) * ((1.0 - tau) * redemptn / a);
 }
 
 // The compound-equivalent yield of a price: the shared solver from a start that compounds the gain to 100
