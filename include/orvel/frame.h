@@ -191,7 +191,12 @@
     X(ORVEL_E_MBS_SF_SUM, 15605, "sinking-fund amounts retire more than the balance")              \
     X(ORVEL_E_MBS_MONTH_ORDER, 15606, "maturity not in a later month than settlement")             \
     X(ORVEL_E_MBS_HORIZON, 15607, "horizon value or time not positive: no annual return")          \
-    X(ORVEL_E_MBS_GPM, 15608, "graduated payments have no value at these rates")
+    X(ORVEL_E_MBS_GPM, 15608, "graduated payments have no value at these rates")                   \
+    X(ORVEL_E_ACT_YEAR, 15100, "actual-year method (act_yr_type) gives no year of 365 or 366 days") \
+    X(ORVEL_E_NO_QUOTE, 15101, "quote not finite (a 100% tax rate, a zero price, or a term of no days)") \
+    X(ORVEL_E_SALE_DATE, 15102, "sale date invalid or blank")                                      \
+    X(ORVEL_E_SALE_ORDER, 15103, "purchase date not before the sale date")                         \
+    X(ORVEL_E_SALE_AFTER_MAT, 15104, "sale date after maturity")
 
 #define ORVEL_ERROR_ENUM_(name, number, meaning) name = number,
 enum orvel_error { ORVEL_ERROR_TABLE(ORVEL_ERROR_ENUM_) };

@@ -1,6 +1,7 @@
 // Year bases: the days in the year that a convention divides by, and the ISDA year fraction.
 #include "core/civil.hpp"
 #include "calendar/day_count.hpp"
+#include "calendar/years.hpp"
 #include "core/check.hpp"
 #include "orvel/calendar.h"
 
@@ -20,7 +21,13 @@ bool holds_leap_day(int32_t y, orvel::Date a, orvel::Date b) {
     return cal::leap(y) && cal::compare(a, leap_day) <= 0 && cal::compare(leap_day, b) <= 0;
 }
 
-int32_t year_by_method(orvel::Date d1, orvel::Date d2, orvel::Date d3, int32_t yr_method) {
+}  // namespace
+
+int32_t cal::year_basis(int32_t day_type, orvel::Date a) {
+    return day_type == 1 ? year_from(a) : fixed_year_basis(day_type);
+}
+
+int32_t cal::act_year(orvel::Date d1, orvel::Date d2, orvel::Date d3, int32_t yr_method) {
     switch (yr_method) {
     case 1: return year_from(d1);
     case 2: return year_from(d2);
@@ -40,6 +47,8 @@ int32_t year_by_method(orvel::Date d1, orvel::Date d2, orvel::Date d3, int32_t y
     }
 }
 
+namespace {
+
 // date1 plays settlement, date3 maturity and date2 (where it is read) the dated date.
 bool act_yr_dates_ok(orvel::Date d1, orvel::Date d2, orvel::Date d3, bool reads_date2, uint32_t* err_code) {
     orvel::Check check(err_code);
@@ -53,7 +62,7 @@ bool act_yr_dates_ok(orvel::Date d1, orvel::Date d2, orvel::Date d3, bool reads_
 ORVEL_EXPORT(int32_t) days_yrbasis(int32_t m, int32_t d, int32_t y, int32_t day_type, int32_t validate,
                                    uint32_t* err_code) {
     if (validate && !orvel::Check(err_code).call(0, ok_day_type, day_type).call(0, ok_MDY, m, d, y, 1).ok()) return 0;
-    return day_type == 1 ? year_from({m, d, y}) : cal::fixed_year_basis(day_type);
+    return cal::year_basis(day_type, {m, d, y});
 }
 
 ORVEL_EXPORT(int32_t) days_act_yr(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t d2, int32_t y2,
@@ -61,7 +70,7 @@ ORVEL_EXPORT(int32_t) days_act_yr(int32_t m1, int32_t d1, int32_t y1, int32_t m2
                                   uint32_t* err_code) {
     const orvel::Date a{m1, d1, y1}, b{m2, d2, y2}, c{m3, d3, y3};
     if (validate && !act_yr_dates_ok(a, b, c, yr_method == 2 || yr_method == 6, err_code)) return 0;
-    return year_by_method(a, b, c, yr_method);
+    return cal::act_year(a, b, c, yr_method);
 }
 
 ORVEL_EXPORT(int32_t) days_actf_yr(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t d2, int32_t y2,
@@ -76,7 +85,7 @@ ORVEL_EXPORT(int32_t) days_actf_yr(int32_t m1, int32_t d1, int32_t y1, int32_t m
                          .step([&](uint32_t* e) { return !by_period || ok_cpn_freq(cpn_freq, e); })
                          .ok())
         return 0;
-    if (!by_period) return year_by_method(a, b, c, yr_method);
+    if (!by_period) return cal::act_year(a, b, c, yr_method);
     // Actual/actual by coupon period: a year is cpn_freq periods as long as the period measured.
     const int64_t periods = cpn_freq < 1 ? 1 : cpn_freq;
     const orvel::Date start = yr_method == 11 ? b : cal::add_months(c, -cal::months_per_period(cpn_freq), true);
