@@ -181,7 +181,11 @@
     X(ORVEL_E_FRN_NEXT_RST, 2179, "settlement not before the next reset date")                     \
     X(ORVEL_E_FRN_RST_ORDER, 2199, "last reset date not before the next reset date")               \
     X(ORVEL_E_LIST_LENGTH, 14010, "date list longer than 1000 dates")                              \
-    X(ORVEL_E_DAYS_PER_BELOW, 4750, "days in the period below the least given (a least outside 0..299)")
+    X(ORVEL_E_DAYS_PER_BELOW, 4750, "days in the period below the least given (a least outside 0..299)") \
+    X(ORVEL_E_NOT_FINAL, 15900, "settlement not in the final coupon period")                       \
+    X(ORVEL_E_REINV_RATE, 15901, "reinvestment rate not finite, or 1 + rate per period not positive") \
+    X(ORVEL_E_TAX_ALL, 15902, "tax rate of 100%: no taxable equivalent")                           \
+    X(ORVEL_E_PRICE_MOVE, 15903, "price move not in (0, 100]")
 
 #define ORVEL_ERROR_ENUM_(name, number, meaning) name = number,
 enum orvel_error { ORVEL_ERROR_TABLE(ORVEL_ERROR_ENUM_) };

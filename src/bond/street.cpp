@@ -1,0 +1,128 @@
+// Street and true yields: the street yield discounts the coupon dates as scheduled, the true yield the days
+// they are actually paid, a date on a weekend or holiday rolled to the following business day.
+#include "bond/accrued.hpp"
+#include "bond/dates.hpp"
+#include "bond/kernels.hpp"
+#include "bond/price_yield.hpp"
+#include "core/check.hpp"
+#include "core/power.hpp"
+#include "orvel/bond.h"
+
+namespace {
+
+using orvel::Date;
+using orvel::bond::Reduced;
+
+constexpr int32_t max_holidays = 3000;
+
+// Whether julian day j is in the holiday table. The table is searched by halving, which ends on any table
+// (an unsorted one, unvalidated, only answers wrongly).
+bool is_holiday(int64_t j, int32_t hol_count, const int32_t* holidays) {
+    int32_t lo = 0, hi = hol_count;
+    while (lo < hi) {
+        const int32_t mid = lo + (hi - lo) / 2;
+        if (holidays[mid] == j) return true;
+        if (holidays[mid] < j) lo = mid + 1;
+        else hi = mid;
+    }
+    return false;
+}
+
+// The following business day: a Saturday, a Sunday or a holiday moves on to the next day that is none of
+// them. Ends within the table's length plus the weekends between, since only listed days hold it back.
+int64_t following_business_day(int64_t j, int32_t hol_count, const int32_t* holidays) {
+    for (;;) {
+        const int32_t wd = orvel::cal::weekday(j);
+        if (wd == 6) j += 2;
+        else if (wd == 7) j += 1;
+        else if (is_holiday(j, hol_count, holidays)) j += 1;
+        else return j;
+    }
+}
+
+// The payments of a reduced schedule with the delay of each: flow k falls on its coupon date (the odd
+// first coupon on the first coupon date, the others stepped back from maturity) and is paid
+// delay(k) coupon periods later, the days it is rolled over the actual days of the period it ends.
+struct Payments {
+    Date mat, first_cpn;
+    bool before_first;
+    Reduced r;
+    int32_t cpn_freq, eom, hol_count;
+    const int32_t* holidays;
+
+    double delay(int32_t k) const {
+        const Date due = (k == 0 && before_first) ? first_cpn
+                                                  : orvel::bond::step_periods(mat, k - r.n_after, cpn_freq, eom);
+        const int64_t j = orvel::cal::jdn(due.m, due.d, due.y);
+        const int64_t paid = following_business_day(j, hol_count, holidays);
+        if (paid == j) return 0.0;
+        const Date start = orvel::bond::step_periods(due, -1, cpn_freq, eom);
+        const int64_t period = j - orvel::cal::jdn(start.m, start.d, start.y);
+        return period > 0 ? static_cast<double>(paid - j) / static_cast<double>(period) : 0.0;
+    }
+
+    // Full price at yld: the next coupon at nxt_frac + delay(0) periods, the later coupons and the
+    // redemption at nxt_frac + k + delay(k), compounding once a period.
+    double value(double yld, double cpn_rate, double redemptn, uint32_t* err) const {
+        const double v = 1.0 + yld / (100.0 * cpn_freq);
+        if (!(v > 0.0)) return orvel::bond::fail_price(err, ORVEL_E_NEG_BASE);
+        const double coupon = cpn_rate / cpn_freq;
+        double discount = orvel::pow(v, -r.nxt_frac);
+        double pv = 0.0;
+        for (int32_t k = 0; k <= r.n_after; ++k) {
+            if (k > 0) discount /= v;
+            const double flow = (k == 0 ? r.cpn_amt : coupon) + (k == r.n_after ? redemptn : 0.0);
+            const double late = delay(k);
+            pv += flow * (late == 0.0 ? discount : discount * orvel::pow(v, -late));
+        }
+        return pv;
+    }
+};
+
+}  // namespace
+
+ORVEL_EXPORT(void) bond_st_ylds(double price, double cpn_rate, double redemptn, int32_t day_type, int32_t eom,
+                                int32_t cpn_freq, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
+                                int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
+                                int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, int32_t hol_count,
+                                const int32_t* holidays, double* street_yld, double* true_yld, int32_t validate,
+                                uint32_t* err_code) {
+    using namespace orvel::bond;
+    if (!(hol_count >= 0 && hol_count <= max_holidays && (hol_count == 0 || holidays != nullptr))) {
+        *err_code = ORVEL_E_HOL_COUNT;
+        return;
+    }
+    if (validate != 0 &&
+        !orvel::Check(err_code).call(0, ok_given, price, 2).call(0, ok_redemptn, redemptn).ok())
+        return;
+    const Date settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
+    Date dated{dated_m, dated_d, dated_y}, first_cpn{first_cpn_m, first_cpn_d, first_cpn_y};
+    Reduced r;
+    uint32_t err = 0;
+    const double ai = accrued(settle, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, validate, &r, &err);
+    if (err == 0 && validate != 0) {
+        uint32_t scratch = 0;
+        if (!ok_hol_table(hol_count, holidays, &scratch)) err = scratch;
+    }
+    if (err == 0 && !(r.n_after >= 0 && r.n_after <= max_walk_periods)) err = ORVEL_E_FULL_PER;
+    const double street = err != 0 ? 0.0 : yield_on(r, ai, price, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err, nullptr);
+    double actual = 0.0;
+    if (err == 0) {
+        default_first_period(mat, &dated, &first_cpn, cpn_freq, eom);
+        const Payments pay{mat, first_cpn, days_between(settle, first_cpn, actual_days) > 0, r, cpn_freq, eom,
+                           hol_count, holidays};
+        if (r.n_after == 0) {  // the final period, by simple interest to the day the last payment is made
+            actual = yield_l1p(price, cpn_rate, redemptn, 0.0, cpn_freq, r.nxt_frac + pay.delay(0), ai, &err);
+        } else {
+            const double guess = yield_guess(price, cpn_rate, redemptn, r.n_after, r.nxt_frac);
+            actual = solve_yield(
+                price, guess, [&](double y, uint32_t* e) { return pay.value(y, cpn_rate, redemptn, e) - ai; }, &err);
+        }
+    }
+    if (err != 0) {
+        *err_code = err;
+        return;
+    }
+    *street_yld = street;
+    *true_yld = actual;
+}
