@@ -4,6 +4,7 @@
 #include "bond/dates.hpp"
 #include "bond/kernels.hpp"
 #include "bond/price_yield.hpp"
+#include "bond/street.hpp"
 #include "core/check.hpp"
 #include "core/power.hpp"
 #include "orvel/bond.h"
@@ -81,6 +82,20 @@ struct Payments {
 
 }  // namespace
 
+double orvel::bond::true_yield(const Date& settle, const Date& mat, Date dated, Date first_cpn, const Reduced& r,
+                               double ai, double price, double cpn_rate, double redemptn, int32_t cpn_freq,
+                               int32_t eom, int32_t hol_count, const int32_t* holidays, uint32_t* err,
+                               SolveStats* stats) {
+    default_first_period(mat, &dated, &first_cpn, cpn_freq, eom);
+    const Payments pay{mat, first_cpn, days_between(settle, first_cpn, actual_days) > 0, r, cpn_freq, eom,
+                       hol_count, holidays};
+    if (r.n_after == 0)  // the final period, by simple interest to the day the last payment is made
+        return yield_l1p(price, cpn_rate, redemptn, 0.0, cpn_freq, r.nxt_frac + pay.delay(0), ai, err);
+    const double guess = yield_guess(price, cpn_rate, redemptn, r.n_after, r.nxt_frac);
+    return solve_yield(
+        price, guess, [&](double y, uint32_t* e) { return pay.value(y, cpn_rate, redemptn, e) - ai; }, err, stats);
+}
+
 ORVEL_EXPORT(void) bond_st_ylds(double price, double cpn_rate, double redemptn, int32_t day_type, int32_t eom,
                                 int32_t cpn_freq, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
                                 int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
@@ -96,7 +111,7 @@ ORVEL_EXPORT(void) bond_st_ylds(double price, double cpn_rate, double redemptn, 
         !orvel::Check(err_code).call(0, ok_given, price, 2).call(0, ok_redemptn, redemptn).ok())
         return;
     const Date settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
-    Date dated{dated_m, dated_d, dated_y}, first_cpn{first_cpn_m, first_cpn_d, first_cpn_y};
+    const Date dated{dated_m, dated_d, dated_y}, first_cpn{first_cpn_m, first_cpn_d, first_cpn_y};
     Reduced r;
     uint32_t err = 0;
     const double ai = accrued(settle, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, validate, &r, &err);
@@ -106,19 +121,9 @@ ORVEL_EXPORT(void) bond_st_ylds(double price, double cpn_rate, double redemptn, 
     }
     if (err == 0 && !(r.n_after >= 0 && r.n_after <= max_walk_periods)) err = ORVEL_E_FULL_PER;
     const double street = err != 0 ? 0.0 : yield_on(r, ai, price, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err, nullptr);
-    double actual = 0.0;
-    if (err == 0) {
-        default_first_period(mat, &dated, &first_cpn, cpn_freq, eom);
-        const Payments pay{mat, first_cpn, days_between(settle, first_cpn, actual_days) > 0, r, cpn_freq, eom,
-                           hol_count, holidays};
-        if (r.n_after == 0) {  // the final period, by simple interest to the day the last payment is made
-            actual = yield_l1p(price, cpn_rate, redemptn, 0.0, cpn_freq, r.nxt_frac + pay.delay(0), ai, &err);
-        } else {
-            const double guess = yield_guess(price, cpn_rate, redemptn, r.n_after, r.nxt_frac);
-            actual = solve_yield(
-                price, guess, [&](double y, uint32_t* e) { return pay.value(y, cpn_rate, redemptn, e) - ai; }, &err);
-        }
-    }
+    const double actual = err != 0 ? 0.0
+                                   : true_yield(settle, mat, dated, first_cpn, r, ai, price, cpn_rate, redemptn,
+                                                cpn_freq, eom, hol_count, holidays, &err, nullptr);
     if (err != 0) {
         *err_code = err;
         return;
