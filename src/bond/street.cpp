@@ -51,33 +51,70 @@ struct Payments {
     int32_t cpn_freq, eom, hol_count;
     const int32_t* holidays;
 
+    Date due(int32_t k, int32_t back) const {
+        if (k == 0 && before_first) return orvel::bond::step_periods(first_cpn, -back, cpn_freq, eom);
+        return orvel::bond::step_periods(mat, k - r.n_after - back, cpn_freq, eom);
+    }
+
     double delay(int32_t k) const {
-        const Date due = (k == 0 && before_first) ? first_cpn
-                                                  : orvel::bond::step_periods(mat, k - r.n_after, cpn_freq, eom);
-        const int64_t j = orvel::cal::jdn(due.m, due.d, due.y);
+        const Date date = due(k, 0);
+        const int64_t j = orvel::cal::jdn(date.m, date.d, date.y);
         const int64_t paid = following_business_day(j, hol_count, holidays);
         if (paid == j) return 0.0;
-        const Date start = orvel::bond::step_periods(due, -1, cpn_freq, eom);
+        const Date start = due(k, 1);
         const int64_t period = j - orvel::cal::jdn(start.m, start.d, start.y);
         return period > 0 ? static_cast<double>(paid - j) / static_cast<double>(period) : 0.0;
+    }
+};
+
+// The flows paid late, found once before the solve so that each price evaluation only discounts. Beyond
+// late_capacity of them (only bonds of more than 40 years of monthly coupons come near) the delays are
+// looked up again in each evaluation instead.
+constexpr int32_t late_capacity = 512;
+
+class LateFlows {
+public:
+    explicit LateFlows(const Payments& p) : p_(p) {
+        for (int32_t k = 0; k <= p.r.n_after; ++k) {
+            const double d = p.delay(k);
+            if (d == 0.0) continue;
+            if (count_ == late_capacity) {
+                count_ = -1;
+                return;
+            }
+            late_[count_++] = {k, d};
+        }
     }
 
     // Full price at yld: the next coupon at nxt_frac + delay(0) periods, the later coupons and the
     // redemption at nxt_frac + k + delay(k), compounding once a period.
     double value(double yld, double cpn_rate, double redemptn, uint32_t* err) const {
-        const double v = 1.0 + yld / (100.0 * cpn_freq);
+        const double v = 1.0 + yld / (100.0 * p_.cpn_freq);
         if (!(v > 0.0)) return orvel::bond::fail_price(err, ORVEL_E_NEG_BASE);
-        const double coupon = cpn_rate / cpn_freq;
-        double discount = orvel::pow(v, -r.nxt_frac);
+        const double coupon = cpn_rate / p_.cpn_freq;
+        double discount = orvel::pow(v, -p_.r.nxt_frac);
+        const double log_v = orvel::log(v);  // a delay d discounts by exp(-d log v) = v^-d
         double pv = 0.0;
-        for (int32_t k = 0; k <= r.n_after; ++k) {
+        int32_t next = 0;  // the next entry of late_ to meet
+        for (int32_t k = 0; k <= p_.r.n_after; ++k) {
             if (k > 0) discount /= v;
-            const double flow = (k == 0 ? r.cpn_amt : coupon) + (k == r.n_after ? redemptn : 0.0);
-            const double late = delay(k);
-            pv += flow * (late == 0.0 ? discount : discount * orvel::pow(v, -late));
+            const double flow = (k == 0 ? p_.r.cpn_amt : coupon) + (k == p_.r.n_after ? redemptn : 0.0);
+            double d = 0.0;
+            if (count_ < 0) d = p_.delay(k);
+            else if (next < count_ && late_[next].k == k) d = late_[next++].delay;
+            pv += flow * (d == 0.0 ? discount : discount * orvel::exp(-d * log_v));
         }
         return pv;
     }
+
+private:
+    struct Late {
+        int32_t k;
+        double delay;
+    };
+    const Payments& p_;
+    Late late_[late_capacity];
+    int32_t count_ = 0;  // -1: more than late_capacity
 };
 
 }  // namespace
@@ -91,9 +128,10 @@ double orvel::bond::true_yield(const Date& settle, const Date& mat, Date dated, 
                        hol_count, holidays};
     if (r.n_after == 0)  // the final period, by simple interest to the day the last payment is made
         return yield_l1p(price, cpn_rate, redemptn, 0.0, cpn_freq, r.nxt_frac + pay.delay(0), ai, err);
+    const LateFlows late(pay);
     const double guess = yield_guess(price, cpn_rate, redemptn, r.n_after, r.nxt_frac);
     return solve_yield(
-        price, guess, [&](double y, uint32_t* e) { return pay.value(y, cpn_rate, redemptn, e) - ai; }, err, stats);
+        price, guess, [&](double y, uint32_t* e) { return late.value(y, cpn_rate, redemptn, e) - ai; }, err, stats);
 }
 
 ORVEL_EXPORT(void) bond_st_ylds(double price, double cpn_rate, double redemptn, int32_t day_type, int32_t eom,
