@@ -355,8 +355,11 @@ ORVEL_EXPORT(double) bond_ytm_crr(double price, double cpn_rate, double redemptn
  * Always checked: 4090 when the yield to convert has a growth factor zero or negative; then bond_py_ai's
  * 300, 200, 4090, 4400, 4002, 9020. Writes *result and *ai on success only. */
 ORVEL_EXPORT(void) bond_py_crr(int32_t method, int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type,
-                               double given, double cpn_rate, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double redemptn, double tax1, double tax2,
-                               double* result, double* ai, int32_t validate, uint32_t* err_code);
+                               double given, double cpn_rate, int32_t settle_m, int32_t settle_d, int32_t settle_y,
+                               int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d,
+                               int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y,
+                               double redemptn, double tax1, double tax2, double* result, double* ai, int32_t validate,
+                               uint32_t* err_code);
 
 /* ---- The final coupon period after tax -----------------------------------------------------------------
  * In the final period an investor taxed at tax1 on income (the last coupon and, against it, the accrued
@@ -390,7 +393,10 @@ ORVEL_EXPORT(double) bond_pbt_l1p(double yld, double cpn_rate, double redemptn, 
  * group). Always checked: 15900 settlement not in the final period (a whole period follows the next
  * coupon); 4400 no day left to maturity; 4002 a full price not above 0. 0.0 on failure, *ai unwritten. */
 ORVEL_EXPORT(double) bond_mmey_dr(double price, double cpn_rate, double redemptn, int32_t day_type, int32_t eom,
-                                  int32_t cpn_freq, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double* ai, int32_t validate, uint32_t* err_code);
+                                  int32_t cpn_freq, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
+                                  int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
+                                  int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double* ai,
+                                  int32_t validate, uint32_t* err_code);
 
 /* ---- Street and true yields --------------------------------------------------------------------------- */
 
@@ -410,8 +416,11 @@ ORVEL_EXPORT(double) bond_mmey_dr(double price, double cpn_rate, double redemptn
  * on a weekend. Always: 4600 a schedule too long to walk; the kernels' 4090, 4400, 4002, 9020.
  * Writes both yields on success only. */
 ORVEL_EXPORT(void) bond_st_ylds(double price, double cpn_rate, double redemptn, int32_t day_type, int32_t eom,
-                                int32_t cpn_freq, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, int32_t hol_count, const int32_t* holidays,
-                                double* street_yld, double* true_yld, int32_t validate, uint32_t* err_code);
+                                int32_t cpn_freq, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
+                                int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
+                                int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, int32_t hol_count,
+                                const int32_t* holidays, double* street_yld, double* true_yld, int32_t validate,
+                                uint32_t* err_code);
 
 /* ---- Taxes and sensitivities from dates ---------------------------------------------------------------- */
 
@@ -426,8 +435,11 @@ ORVEL_EXPORT(void) bond_st_ylds(double price, double cpn_rate, double redemptn, 
  * 4001/4002, 4100, the date group, 4200, 4301, 4302). Always: 200; the kernels' 4090, 4400, 4002, 9020.
  * Nothing is written on failure. */
 ORVEL_EXPORT(void) bond_py_tax(int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type, double given,
-                               double cpn_rate, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double redemptn, double inc_tax, double cg_tax, double* price,
-                               double* yld_at, double* yld_bt, double* ai, int32_t validate, uint32_t* err_code);
+                               double cpn_rate, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
+                               int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
+                               int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double redemptn,
+                               double inc_tax, double cg_tax, double* price, double* yld_at, double* yld_bt, double* ai,
+                               int32_t validate, uint32_t* err_code);
 
 /* Price value of a basis point and yield value of a price move, untaxed, from a yield (calc_type 1) or a
  * clean price (calc_type 2), priced as bond_py_ai method 1:
@@ -440,8 +452,11 @@ ORVEL_EXPORT(void) bond_py_tax(int32_t day_type, int32_t eom, int32_t cpn_freq, 
  * group, 4200). Always: 200; 15903 price_move not in (0, 100]; the kernels' 4090, 4400, 4002, 9020 (a move
  * that takes the price to 0 or below has no yield). Nothing is written on failure. */
 ORVEL_EXPORT(void) bond_py_vol(int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type, double given,
-                               double cpn_rate, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double redemptn, double price_move, double* price, double* yld,
-                               double* pvbp, double* yv_move, int32_t validate, uint32_t* err_code);
+                               double cpn_rate, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
+                               int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
+                               int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double redemptn,
+                               double price_move, double* price, double* yld, double* pvbp, double* yv_move,
+                               int32_t validate, uint32_t* err_code);
 
 /* Price and the value of a price point: the clean price and yield as bond_py_vol, and, returned, the yield
  * change in percent that moves the clean price by one point (1 per 100) at the rate of the price value of a
@@ -449,8 +464,10 @@ ORVEL_EXPORT(void) bond_py_vol(int32_t day_type, int32_t eom, int32_t cpn_freq, 
  * quotes price concessions in yield with. Validation and errors as bond_py_vol without price_move; also
  * 4090 when pvbp is not positive. 0.0 on failure, nothing written. */
 ORVEL_EXPORT(double) bond_pp_vpp(int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type, double given,
-                                 double cpn_rate, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double redemptn, double* price, double* yld, int32_t validate,
-                                 uint32_t* err_code);
+                                 double cpn_rate, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
+                                 int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
+                                 int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double redemptn,
+                                 double* price, double* yld, int32_t validate, uint32_t* err_code);
 
 /* ---- Income and returns of a holding ---------------------------------------------------------------------
  * A holding bought at settlement (clean price plus the accrued interest of bond_ai) and held to a horizon
@@ -479,9 +496,11 @@ ORVEL_EXPORT(double) bond_i_earn(int32_t day_type, int32_t eom, int32_t cpn_freq
 /* The money amounts of a position of face_k thousand at a clean price: *principal = price x face_k x 10,
  * *accrued = bond_ai's accrued interest x face_k x 10; returns their sum, the amount to settle.
  * Validation (validate != 0): 4002 price; 14100 face_k; then bond_ai's. 0.0 on failure, nothing written. */
-ORVEL_EXPORT(double) bond_ext(double price, double cpn_rate, int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y,
-                              double face_k, double* principal, double* accrued, int32_t validate,
-                              uint32_t* err_code);
+ORVEL_EXPORT(double) bond_ext(double price, double cpn_rate, int32_t day_type, int32_t eom, int32_t cpn_freq,
+                              int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                              int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m,
+                              int32_t first_cpn_d, int32_t first_cpn_y, double face_k, double* principal,
+                              double* accrued, int32_t validate, uint32_t* err_code);
 
 /* Total income per 100 from settlement to the horizon, bought at price and valued at hrz_price (clean; at
  * maturity pass the redemption), returned: (hrz_price + ai at hrz + coupons grown at reinv_rate) - (price +
@@ -494,9 +513,9 @@ ORVEL_EXPORT(double) bond_ext(double price, double cpn_rate, int32_t day_type, i
 ORVEL_EXPORT(double) bond_tot_inc(double price, double hrz_price, double reinv_rate, double cpn_rate, int32_t day_type,
                                   int32_t eom, int32_t cpn_freq, int32_t settle_m, int32_t settle_d, int32_t settle_y,
                                   int32_t hrz_m, int32_t hrz_d, int32_t hrz_y, int32_t mat_m, int32_t mat_d,
-                                  int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
-                                  int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double* cpn_inc,
-                                  double* ioi, double* cap_chg, int32_t validate, uint32_t* err_code);
+                                  int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m,
+                                  int32_t first_cpn_d, int32_t first_cpn_y, double* cpn_inc, double* ioi,
+                                  double* cap_chg, int32_t validate, uint32_t* err_code);
 
 /* Total return to a horizon at a horizon clean price, coupons reinvested at reinv_rate. With
  * W = (hrz_price + ai at hrz + grown coupons) / (price + ai at settlement) and H the holding in periods:
@@ -509,9 +528,9 @@ ORVEL_EXPORT(double) bond_tot_inc(double price, double hrz_price, double reinv_r
 ORVEL_EXPORT(double) bond_tr_hrz(double price, double hrz_price, double reinv_rate, double cpn_rate, int32_t day_type,
                                  int32_t eom, int32_t cpn_freq, int32_t settle_m, int32_t settle_d, int32_t settle_y,
                                  int32_t hrz_m, int32_t hrz_d, int32_t hrz_y, int32_t mat_m, int32_t mat_d,
-                                 int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
-                                 int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double* period_rtn,
-                                 int32_t validate, uint32_t* err_code);
+                                 int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m,
+                                 int32_t first_cpn_d, int32_t first_cpn_y, double* period_rtn, int32_t validate,
+                                 uint32_t* err_code);
 
 /* Horizon return with a horizon yield: bond_tr_hrz's annualised return with the holding sold at the
  * horizon at the clean price bond_py_ai (method 1, untaxed) gives for hrz_yld there, or redeemed at
@@ -531,7 +550,10 @@ ORVEL_EXPORT(double) bond_hrz_rtn(double price, double hrz_yld, double reinv_rat
  * Validation (validate != 0): 4002 price; 4200 redemptn; bond_ai's. Always: 15901; 4002, 4090 as
  * bond_tr_hrz. 0.0 on failure. */
 ORVEL_EXPORT(double) bond_tr_htm(double price, double reinv_rate, double cpn_rate, double redemptn, int32_t day_type,
-                                 int32_t eom, int32_t cpn_freq, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, int32_t validate, uint32_t* err_code);
+                                 int32_t eom, int32_t cpn_freq, int32_t settle_m, int32_t settle_d, int32_t settle_y,
+                                 int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d,
+                                 int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y,
+                                 int32_t validate, uint32_t* err_code);
 
 /* Tax-equivalent yield of a tax-exempt bond: the taxable yield that leaves as much after tax,
  * yld / (1 - T), T = tax_rate read as the kernels read a tax (1.0 or more a percentage: 35 and 0.35 are

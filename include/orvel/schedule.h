@@ -251,12 +251,11 @@ ORVEL_EXPORT(double) i_earn_MDYs(int32_t d1_m, int32_t d1_d, int32_t d1_y, int32
  * the whole periods from d1 to the last forward coupon date on or before d2, plus da / dp of the period
  * that d2 falls in (per2dp_da_dr under day_type). num_dper anchors the grid on d2 instead, so its partial
  * period lies at the start and is measured against another period: annual actual/actual from 1/1/2019 to
- * 2/15/2020 is 1 + 45/366 here and 1 + 45/365 there. A d1 after d2 (without validation) gives the negative of the reverse; equal
- * dates 0. Same arguments, checks and errors as num_dper: with validate 500/501, 600/601, the ok_MDY
- * errors (no role), 2000 d1 after d2. 0.0 on failure. */
+ * 2/15/2020 is 1 + 45/366 here and 1 + 45/365 there. A d1 after d2 (without validation) gives the
+ * negative of the reverse; equal dates 0. Same arguments, checks and errors as num_dper: with validate
+ * 500/501, 600/601, the ok_MDY errors (no role), 2000 d1 after d2. 0.0 on failure. */
 ORVEL_EXPORT(double) num_dper_fb(int32_t d1_m, int32_t d1_d, int32_t d1_y, int32_t d2_m, int32_t d2_d, int32_t d2_y,
-                                 int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t validate,
-                                 uint32_t* err_code);
+                                 int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t validate, uint32_t* err_code);
 
 /* The last coupon date of a bond redeemed early on er (a call or put date): the last coupon date strictly
  * before er in the schedule of per_cpn_MDYs. A redemption on a coupon date is paid that coupon with the

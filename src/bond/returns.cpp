@@ -18,13 +18,13 @@ using orvel::Date;
 using orvel::bond::Reduced;
 
 // Coupons still to be paid after a date: the next one (when any period is left) and the n_after later ones.
-int32_t coupons_left(const Reduced& r) { return r.n_after + (r.nxt_frac != 0.0 ? 1 : 0); }
+int64_t coupons_left(const Reduced& r) { return int64_t{r.n_after} + (r.nxt_frac != 0.0 ? 1 : 0); }
 
 // A holding from settlement to a horizon on or before maturity, both reduced by bond_ai.
 struct Holding {
     Reduced at_settle, at_hrz;
     double ai_settle = 0.0, ai_hrz = 0.0;
-    int32_t paid = 0;       // coupons paid after settlement, up to and on the horizon
+    int64_t paid = 0;       // coupons paid after settlement, up to and on the horizon
     double coupons = 0.0;   // their sum per 100 (the first may be an odd first coupon)
     double periods = 0.0;   // coupon periods from settlement to the horizon
     double since_last = 0.0;  // periods from the last coupon paid to the horizon
@@ -50,11 +50,11 @@ Holding hold(const Date& settle, const Date& hrz, const Date& mat, const Date& d
     h.ai_hrz = reduce(hrz, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, &h.at_hrz);
     h.hrz_at_mat = h.at_hrz.nxt_frac == 0.0 && h.at_hrz.n_after == 0;
     h.paid = coupons_left(h.at_settle) - coupons_left(h.at_hrz);
-    if (h.paid > 0) h.coupons = h.at_settle.cpn_amt + (h.paid - 1) * cpn_rate / cpn_freq;
+    if (h.paid > 0) h.coupons = h.at_settle.cpn_amt + static_cast<double>(h.paid - 1) * cpn_rate / cpn_freq;
     // At maturity the last coupon is paid on the horizon itself: a whole period after the one before.
     const double hrz_frac = h.hrz_at_mat ? 1.0 : h.at_hrz.nxt_frac;
     h.since_last = 1.0 - hrz_frac;
-    h.periods = h.at_settle.nxt_frac - hrz_frac + h.paid;
+    h.periods = h.at_settle.nxt_frac - hrz_frac + static_cast<double>(h.paid);
     return h;
 }
 

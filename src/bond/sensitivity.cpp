@@ -34,8 +34,10 @@ bool price_and_yield(int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t ca
     if (calc_type != 1 && calc_type != 2) return orvel::fail(err_code, ORVEL_E_SELECTOR);
     out->ai = reduce(settle, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, &out->r);
     uint32_t err = 0;
-    out->yld = calc_type == 1 ? given : yield_on(out->r, out->ai, given, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err, nullptr);
-    out->price = calc_type == 2 ? given : price_on(out->r, out->ai, given, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err);
+    out->yld = calc_type == 1 ? given
+                              : yield_on(out->r, out->ai, given, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err, nullptr);
+    out->price =
+        calc_type == 2 ? given : price_on(out->r, out->ai, given, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err);
     return err == 0 || orvel::fail(err_code, err);
 }
 
@@ -115,9 +117,11 @@ ORVEL_EXPORT(void) bond_py_vol(int32_t day_type, int32_t eom, int32_t cpn_freq, 
     const double bp = pvbp_of(p, cpn_rate, redemptn, cpn_freq, &err);
     using orvel::bond::yield_on;
     const double y_down =
-        err != 0 ? 0.0 : yield_on(p.r, p.ai, p.price - price_move, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err, nullptr);
+        err != 0 ? 0.0
+                 : yield_on(p.r, p.ai, p.price - price_move, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err, nullptr);
     const double y_up =
-        err != 0 ? 0.0 : yield_on(p.r, p.ai, p.price + price_move, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err, nullptr);
+        err != 0 ? 0.0
+                 : yield_on(p.r, p.ai, p.price + price_move, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err, nullptr);
     if (err != 0) {
         *err_code = err;
         return;

@@ -158,7 +158,8 @@ ORVEL_EXPORT(void) bond_st_ylds(double price, double cpn_rate, double redemptn, 
         if (!ok_hol_table(hol_count, holidays, &scratch)) err = scratch;
     }
     if (err == 0 && !(r.n_after >= 0 && r.n_after <= max_walk_periods)) err = ORVEL_E_FULL_PER;
-    const double street = err != 0 ? 0.0 : yield_on(r, ai, price, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err, nullptr);
+    const double street =
+        err != 0 ? 0.0 : yield_on(r, ai, price, cpn_rate, redemptn, 0.0, 0.0, cpn_freq, &err, nullptr);
     const double actual = err != 0 ? 0.0
                                    : true_yield(settle, mat, dated, first_cpn, r, ai, price, cpn_rate, redemptn,
                                                 cpn_freq, eom, hol_count, holidays, &err, nullptr);

@@ -40,8 +40,9 @@ TEST(BondReturns, IdentitiesAcrossTheSweep) {
     int moved = 0, unmoved = 0;
     for (const Bond& b : sweep()) {
         if (MDY_2_julian(b.x[0], b.x[1], b.x[2]) >= MDY_2_julian(b.x[3], b.x[4], b.x[5])) continue;
-        SCOPED_TRACE(::testing::Message() << b.x[0] << "/" << b.x[1] << "/" << b.x[2] << " to " << b.x[3] << "/"
-                                          << b.x[4] << "/" << b.x[5] << " freq " << b.freq << " day_type " << b.day_type);
+        SCOPED_TRACE(::testing::Message()
+                     << b.x[0] << "/" << b.x[1] << "/" << b.x[2] << " to " << b.x[3] << "/" << b.x[4] << "/" << b.x[5]
+                     << " freq " << b.freq << " day_type " << b.day_type);
         uint32_t err = 0;
         const double y = 6.5, f = b.freq;
         double price = 0, ai = 0;
@@ -60,11 +61,14 @@ TEST(BondReturns, IdentitiesAcrossTheSweep) {
         bond_ai(DATES(b), b.cpn, b.day_type, b.eom, b.freq, &nf, &ca, &n_at_settle, 0, &err);
         bond_ai(h[0], h[1], h[2], b.x[3], b.x[4], b.x[5], b.x[6], b.x[7], b.x[8], b.x[9], b.x[10], b.x[11], b.cpn,
                 b.day_type, b.eom, b.freq, &nf, &ca, &n_at_hrz, 0, &err);
-        if (n_at_settle >= 1 && n_at_hrz >= 1 && MDY_2_julian(h[0], h[1], h[2]) < MDY_2_julian(b.x[3], b.x[4], b.x[5])) {
-            const int32_t hd[12] = {b.x[0], b.x[1], b.x[2], h[0], h[1], h[2], b.x[3], b.x[4], b.x[5], b.x[6], b.x[7], b.x[8]};
-            EXPECT_NEAR(bond_hrz_rtn(price, y, y, b.cpn, 100.0, b.day_type, b.eom, b.freq, hd[0], hd[1], hd[2], hd[3],
-                                     hd[4], hd[5], hd[6], hd[7], hd[8], hd[9], hd[10], hd[11], b.x[9], b.x[10],
-                                     b.x[11], 1, &err), y, 1e-9);
+        if (n_at_settle >= 1 && n_at_hrz >= 1 &&
+            MDY_2_julian(h[0], h[1], h[2]) < MDY_2_julian(b.x[3], b.x[4], b.x[5])) {
+            const int32_t hd[12] = {b.x[0], b.x[1], b.x[2], h[0],   h[1],   h[2],
+                                    b.x[3], b.x[4], b.x[5], b.x[6], b.x[7], b.x[8]};
+            EXPECT_NEAR(
+                bond_hrz_rtn(price, y, y, b.cpn, 100.0, b.day_type, b.eom, b.freq, hd[0], hd[1], hd[2], hd[3], hd[4],
+                             hd[5], hd[6], hd[7], hd[8], hd[9], hd[10], hd[11], b.x[9], b.x[10], b.x[11], 1, &err),
+                y, 1e-9);
             // Total income to that horizon is exactly its three parts.
             bond_py_ai(1, b.day_type, b.eom, b.freq, 1, 5.0, b.cpn, h[0], h[1], h[2], b.x[3], b.x[4], b.x[5], b.x[6],
                        b.x[7], b.x[8], b.x[9], b.x[10], b.x[11], 100.0, 0, 0, &hp, &hai, 1, &err);
@@ -88,7 +92,8 @@ TEST(BondReturns, IdentitiesAcrossTheSweep) {
         // True yield is street yield unless a payment date falls on a weekend; then it is lower.
         int32_t cm[400], cd[400], cy[400], count = 0;
         double amts[400], times[400];
-        bond_flows(b.day_type, b.eom, b.freq, b.cpn, DATES(b), 100.0, 400, cm, cd, cy, amts, times, &count, &ai, 1, &err);
+        bond_flows(b.day_type, b.eom, b.freq, b.cpn, DATES(b), 100.0, 400, cm, cd, cy, amts, times, &count, &ai, 1,
+                   &err);
         bool any = false;
         for (int32_t k = 0; k < count; ++k) any = any || weekend(cm[k], cd[k], cy[k]);
         double street = 0, actual = 0;
