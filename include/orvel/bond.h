@@ -323,4 +323,242 @@ ORVEL_EXPORT(int32_t) bond_ifs_pfs(int32_t method, int32_t day_type, int32_t eom
                                    int32_t capacity, int32_t* cf_m, int32_t* cf_d, int32_t* cf_y, double* int_flows,
                                    double* prin_flows, int32_t* count, int32_t validate, uint32_t* err_code);
 
+/* ---- Annual-equivalent yields ------------------------------------------------------------------------------
+ * The yields of this section compound once a year whatever the coupon frequency: the annual equivalent
+ * (effective annual) yield, which sets semi-annual, quarterly and monthly bonds beside annual-pay bonds
+ * (Eurobonds, most European governments) on one basis. A yield y_a here is the engine's yield y_f
+ * (compounding cpn_freq times a year) with the same growth over a year:
+ *   1 + y_a / 100 = (1 + y_f / (100 cpn_freq))^cpn_freq
+ * so for cpn_freq 1 the two are the same; a semi-annual 8% is 8.16% annual. */
+
+/* Clean price from an annual-equivalent yield on the schedule of bond_ptm_g1p: the flows discounted at
+ * (1 + yld / 100)^(t / cpn_freq), t in coupon periods; that is bond_ptm_g1p at the converted yield.
+ * Arguments, units and validation as bond_ptm_g1p (4001 yld zero or not finite, 4100, 4200, 4301, 4302,
+ * 600/601, 4600, 4400, 4101, 4500). Errors always checked: 4090 when 1 + yld / 100 is zero or negative,
+ * or as bond_ptm_g1p. Returns the clean price per 100; 0.0 on failure. */
+ORVEL_EXPORT(double) bond_ptm_crr(double yld, double cpn_rate, double redemptn, double tax1, double tax2,
+                                  int32_t cpn_freq, int32_t n_after, double nxt_frac, double cpn_amt, double ai,
+                                  int32_t validate, uint32_t* err_code);
+
+/* Annual-equivalent yield of a clean price: bond_ytm_g1p's yield (the same solve, to 5e-7 per 100 on the
+ * price) converted to annual compounding. Arguments, validation and errors as bond_ytm_g1p; also 4090 when
+ * the yield found has 1 + y / (100 cpn_freq) zero or negative. Returns the yield in percent; 0.0 on failure. */
+ORVEL_EXPORT(double) bond_ytm_crr(double price, double cpn_rate, double redemptn, double tax1, double tax2,
+                                  int32_t cpn_freq, int32_t n_after, double nxt_frac, double cpn_amt, double ai,
+                                  int32_t validate, uint32_t* err_code);
+
+/* bond_py_ai with the yield stated annual-equivalent: calc_type 1 converts the given yield to the bond's
+ * compounding and prices it; calc_type 2 converts the yield of the price. Everything else (method, the
+ * kernel choice with simple interest in the final period, taxes) is bond_py_ai's, so a price is the same
+ * as bond_py_ai's at the converted yield. Arguments, units and validation as bond_py_ai (500/501, 600/601,
+ * 200, 4001/4002, 4100, the date group, 4200, 4301, 4302).
+ * Always checked: 4090 when the yield to convert has a growth factor zero or negative; then bond_py_ai's
+ * 300, 200, 4090, 4400, 4002, 9020. Writes *result and *ai on success only. */
+ORVEL_EXPORT(void) bond_py_crr(int32_t method, int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type,
+                               double given, double cpn_rate, int32_t settle_m, int32_t settle_d, int32_t settle_y,
+                               int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d,
+                               int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y,
+                               double redemptn, double tax1, double tax2, double* result, double* ai, int32_t validate,
+                               uint32_t* err_code);
+
+/* ---- The final coupon period after tax -----------------------------------------------------------------
+ * In the final period an investor taxed at tax1 on income (the last coupon and, against it, the accrued
+ * interest bought) and at tax2 on the capital gain redemptn - price earns, by simple interest over the
+ * nxt_frac periods left, V = 1 + nxt_frac y / (100 cpn_freq) on the after-tax full price:
+ *   (k + redemptn - tax2 (redemptn - price)) = V (price + (1 - tax1) ai),   k = (1 - tax1) cpn_rate / cpn_freq
+ * (k = 0 when ai is negative: ex-dividend, the seller keeps the coupon). The two functions below solve it
+ * for y and for price and are exact inverses; with tax1 = tax2 the price is bond_ptm_l1p's (whose yield
+ * bond_ytm_l1p takes the gain tax per 100 of face, and so does not invert it).
+ *   cpn_rate percent; redemptn per 100; tax1, tax2 0..100 (1.0 or more read as percent);
+ *   nxt_frac periods left (> 0); ai accrued interest per 100 (>= 0 with validation).
+ * Validation (validate != 0), in order: 4001 yld / 4002 price; 4100 cpn_rate; 4200 redemptn; 4301 tax1;
+ * 4302 tax2; 600/601 cpn_freq; 4400 nxt_frac negative; 4500 ai negative.
+ * Errors always checked: 4400 nxt_frac zero; 4090 V zero or negative (or, for the price, not finite);
+ * 4002 nothing invested (price + (1 - tax1) ai zero). 0.0 on failure. */
+
+/* Yield after tax of a clean price in the final period: y = (V - 1) 100 cpn_freq / nxt_frac. */
+ORVEL_EXPORT(double) bond_yat_l1p(double price, double cpn_rate, double redemptn, double tax1, double tax2,
+                                  int32_t cpn_freq, double nxt_frac, double ai, int32_t validate, uint32_t* err_code);
+
+/* Price before tax in the final period: the clean price at which the taxed investor earns yld after tax,
+ * ((k + redemptn (1 - tax2)) / V - (1 - tax1) ai) / (1 - tax2 / V). */
+ORVEL_EXPORT(double) bond_pbt_l1p(double yld, double cpn_rate, double redemptn, double tax1, double tax2,
+                                  int32_t cpn_freq, double nxt_frac, double ai, int32_t validate, uint32_t* err_code);
+
+/* Money-market equivalent yield of a bond in its final coupon period, on the day basis of the discount
+ * securities, actual/360: what the last coupon and the redemption return on the full price,
+ *   ((redemptn + cpn_amt) / (price + ai) - 1) x 360 / days x 100,   days = actual days settle -> mat,
+ * with ai and cpn_amt (the last coupon, an odd one included) from bond_ai. Writes *ai.
+ * Validation (validate != 0): 4002 price; 4200 redemptn; then bond_ai's (4100, 500/501, 600/601, the date
+ * group). Always checked: 15900 settlement not in the final period (a whole period follows the next
+ * coupon); 4400 no day left to maturity; 4002 a full price not above 0. 0.0 on failure, *ai unwritten. */
+ORVEL_EXPORT(double) bond_mmey_dr(double price, double cpn_rate, double redemptn, int32_t day_type, int32_t eom,
+                                  int32_t cpn_freq, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
+                                  int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
+                                  int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double* ai,
+                                  int32_t validate, uint32_t* err_code);
+
+/* ---- Street and true yields --------------------------------------------------------------------------- */
+
+/* Street and true yields of a clean price, untaxed (bond_py_ai, method 1).
+ *   *street_yld  the yield on the scheduled coupon dates (business-day shifts ignored): bond_py_ai's yield
+ *   *true_yld    the yield on the days the flows are paid: each coupon date (the redemption with the last)
+ *                that falls on a Saturday, Sunday or holiday is paid on the following business day, d days
+ *                late, and discounted d / P coupon periods further, P the actual days of the coupon period
+ *                that ends on the scheduled date. Accrued interest runs to the scheduled dates as usual. In
+ *                the final period the simple-interest kernel runs to the day of payment; before it every
+ *                flow is discounted on its own at 1 + y / (100 cpn_freq) a period and the yield is solved
+ *                with the library's solver to 5e-7 per 100. With no date moved it is the street yield.
+ *   hol_count, holidays   the holiday table: julian day numbers, ascending, weekdays only (as ok_hol_table).
+ * Errors always checked, first: 5400 hol_count outside 0..3000 (or a null table with a count).
+ * Validation (validate != 0): 4002 price; 4200 redemptn; bond_ai's (4100, 500/501, 600/601, the date
+ * group); then the table, 5401 a holiday outside the calendar or not after the one before, 5403 a holiday
+ * on a weekend. Always: 4600 a schedule too long to walk; the kernels' 4090, 4400, 4002, 9020.
+ * Writes both yields on success only. */
+ORVEL_EXPORT(void) bond_st_ylds(double price, double cpn_rate, double redemptn, int32_t day_type, int32_t eom,
+                                int32_t cpn_freq, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
+                                int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
+                                int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, int32_t hol_count,
+                                const int32_t* holidays, double* street_yld, double* true_yld, int32_t validate,
+                                uint32_t* err_code);
+
+/* ---- Taxes and sensitivities from dates ---------------------------------------------------------------- */
+
+/* Price and yields with an income tax (inc_tax, on coupons and accrued interest) and a capital-gains tax
+ * (cg_tax, on the gain redemptn - price), each read as the kernels read a tax (1.0 or more a percentage):
+ * calc_type 1 takes given as the yield after tax and finds the clean price; calc_type 2 takes given as the
+ * clean price and finds the yield after tax. While a whole period follows the next coupon the compound
+ * kernel prices with tax1 = inc_tax and tax2 = cg_tax (bond_ptm_g1p); in the final period the after-tax
+ * simple-interest form of bond_pbt_l1p / bond_yat_l1p. Writes *price, *yld_at (after tax), *yld_bt (the
+ * untaxed yield of the same price, bond_py_ai method 1) and *ai.
+ * Validation (validate != 0): as bond_py_ai with inc_tax, cg_tax as tax1, tax2 (500/501, 600/601, 200,
+ * 4001/4002, 4100, the date group, 4200, 4301, 4302). Always: 200; the kernels' 4090, 4400, 4002, 9020.
+ * Nothing is written on failure. */
+ORVEL_EXPORT(void) bond_py_tax(int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type, double given,
+                               double cpn_rate, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
+                               int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
+                               int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double redemptn,
+                               double inc_tax, double cg_tax, double* price, double* yld_at, double* yld_bt, double* ai,
+                               int32_t validate, uint32_t* err_code);
+
+/* Price value of a basis point and yield value of a price move, untaxed, from a yield (calc_type 1) or a
+ * clean price (calc_type 2), priced as bond_py_ai method 1:
+ *   *price, *yld  the clean price per 100 and the yield in percent
+ *   *pvbp         (P(yld - 0.01) - P(yld + 0.01)) / 2: the clean price change per 100 for one basis point
+ *                 (bond_risk's, unrounded)
+ *   *yv_move      (Y(price - price_move) - Y(price + price_move)) / 2: the yield change, in percent, for a
+ *                 price move of price_move per 100 (1/32 = 0.03125 gives the yield value of a 32nd)
+ * Validation (validate != 0): as bond_py_ai untaxed (500/501, 600/601, 200, 4001/4002, 4100, the date
+ * group, 4200). Always: 200; 15903 price_move not in (0, 100]; the kernels' 4090, 4400, 4002, 9020 (a move
+ * that takes the price to 0 or below has no yield). Nothing is written on failure. */
+ORVEL_EXPORT(void) bond_py_vol(int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type, double given,
+                               double cpn_rate, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
+                               int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
+                               int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double redemptn,
+                               double price_move, double* price, double* yld, double* pvbp, double* yv_move,
+                               int32_t validate, uint32_t* err_code);
+
+/* Price and the value of a price point: the clean price and yield as bond_py_vol, and, returned, the yield
+ * change in percent that moves the clean price by one point (1 per 100) at the rate of the price value of a
+ * basis point: 0.01 / pvbp (a pvbp of 0.08 gives 0.125, 12.5 basis points a point). It is the scale a desk
+ * quotes price concessions in yield with. Validation and errors as bond_py_vol without price_move; also
+ * 4090 when pvbp is not positive. 0.0 on failure, nothing written. */
+ORVEL_EXPORT(double) bond_pp_vpp(int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type, double given,
+                                 double cpn_rate, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m,
+                                 int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
+                                 int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double redemptn,
+                                 double* price, double* yld, int32_t validate, uint32_t* err_code);
+
+/* ---- Income and returns of a holding ---------------------------------------------------------------------
+ * A holding bought at settlement (clean price plus the accrued interest of bond_ai) and held to a horizon
+ * date hrz on or before maturity. The coupons paid after settlement, up to and on the horizon, are the
+ * next coupon of bond_ai (an odd first coupon included) and regular coupons cpn_rate / cpn_freq after it.
+ * Each is reinvested at reinv_rate (percent a year, compounding cpn_freq times a year, the bond's basis) to
+ * the horizon, k periods plus the part of the horizon's period already run (the time from the last coupon
+ * date to the horizon in periods, 1 - nxt_frac at the horizon). The holding period is H coupon periods,
+ * nxt_frac at settlement + the coupons paid - nxt_frac at the horizon (1 at maturity).
+ * Horizon checks: ok_MDY on hrz with role 8 (1108, 1208, 1308, 1508), 2178 hrz not after settlement, 2081
+ * hrz after maturity. Reinvestment: 15901 reinv_rate not finite or 1 + reinv_rate / (100 cpn_freq) not
+ * positive, checked always, after validation. */
+
+/* Interest a holding of face_k thousand earns from d1 to d2: the coupons paid after d1 up to and on d2, plus
+ * the accrued interest at d2, less that at d1 (bond_ai; none at maturity), x face_k x 10. On a regular
+ * bond it is i_earn_MDYs x face_k x 10; with an odd first coupon the odd coupon counts in full. d1 after
+ * d2 (without validation) gives the negative of the reverse.
+ * Validation (validate != 0): 14100 face_k; bond_ai's at d1 (d1 the settlement, 2171 d1 not before mat);
+ * d2 ok_MDY role 8; 2078 d1 after d2; 2081 d2 after mat. Returns the interest; 0.0 on failure. */
+ORVEL_EXPORT(double) bond_i_earn(int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate, int32_t d1_m,
+                                 int32_t d1_d, int32_t d1_y, int32_t d2_m, int32_t d2_d, int32_t d2_y, int32_t mat_m,
+                                 int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
+                                 int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double face_k,
+                                 int32_t validate, uint32_t* err_code);
+
+/* The money amounts of a position of face_k thousand at a clean price: *principal = price x face_k x 10,
+ * *accrued = bond_ai's accrued interest x face_k x 10; returns their sum, the amount to settle.
+ * Validation (validate != 0): 4002 price; 14100 face_k; then bond_ai's. 0.0 on failure, nothing written. */
+ORVEL_EXPORT(double) bond_ext(double price, double cpn_rate, int32_t day_type, int32_t eom, int32_t cpn_freq,
+                              int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+                              int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m,
+                              int32_t first_cpn_d, int32_t first_cpn_y, double face_k, double* principal,
+                              double* accrued, int32_t validate, uint32_t* err_code);
+
+/* Total income per 100 from settlement to the horizon, bought at price and valued at hrz_price (clean; at
+ * maturity pass the redemption), returned: (hrz_price + ai at hrz + coupons grown at reinv_rate) - (price +
+ * ai at settlement), and split into exactly three parts that add up to it:
+ *   *cpn_inc  coupon income: the coupons paid plus ai at hrz less ai at settlement (bond_i_earn per 100)
+ *   *ioi      interest on interest: the grown coupons less the coupons
+ *   *cap_chg  capital change: hrz_price - price
+ * Validation (validate != 0): 4002 price; 4002 hrz_price; bond_ai's at settlement; the horizon checks.
+ * Then 15901. 0.0 on failure, nothing written. */
+ORVEL_EXPORT(double) bond_tot_inc(double price, double hrz_price, double reinv_rate, double cpn_rate, int32_t day_type,
+                                  int32_t eom, int32_t cpn_freq, int32_t settle_m, int32_t settle_d, int32_t settle_y,
+                                  int32_t hrz_m, int32_t hrz_d, int32_t hrz_y, int32_t mat_m, int32_t mat_d,
+                                  int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m,
+                                  int32_t first_cpn_d, int32_t first_cpn_y, double* cpn_inc, double* ioi,
+                                  double* cap_chg, int32_t validate, uint32_t* err_code);
+
+/* Total return to a horizon at a horizon clean price, coupons reinvested at reinv_rate. With
+ * W = (hrz_price + ai at hrz + grown coupons) / (price + ai at settlement) and H the holding in periods:
+ *   *period_rtn  (W - 1) x 100, the return over the holding, not annualised
+ *   returned     annualised on the bond's basis, as its yield is: 100 cpn_freq (W^(1/H) - 1), or, when
+ *                settlement lies in the final period (priced by simple interest), 100 cpn_freq (W - 1) / H.
+ * So a bond bought at its yield y and held to maturity with reinv_rate = y returns y.
+ * Validation as bond_tot_inc. Always: 15901; 4002 a full price not above 0; 4090 W not positive.
+ * 0.0 on failure, nothing written. */
+ORVEL_EXPORT(double) bond_tr_hrz(double price, double hrz_price, double reinv_rate, double cpn_rate, int32_t day_type,
+                                 int32_t eom, int32_t cpn_freq, int32_t settle_m, int32_t settle_d, int32_t settle_y,
+                                 int32_t hrz_m, int32_t hrz_d, int32_t hrz_y, int32_t mat_m, int32_t mat_d,
+                                 int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m,
+                                 int32_t first_cpn_d, int32_t first_cpn_y, double* period_rtn, int32_t validate,
+                                 uint32_t* err_code);
+
+/* Horizon return with a horizon yield: bond_tr_hrz's annualised return with the holding sold at the
+ * horizon at the clean price bond_py_ai (method 1, untaxed) gives for hrz_yld there, or redeemed at
+ * redemptn when the horizon is maturity. With hrz_yld and reinv_rate both the purchase yield (and a whole
+ * period after the horizon's next coupon) it returns the purchase yield.
+ * Validation (validate != 0): 4002 price; 4001 hrz_yld; 4200 redemptn; bond_ai's at settlement; the
+ * horizon checks. Always: 15901; the kernels' 4090, 4400; 4002, 4090 as bond_tr_hrz. 0.0 on failure. */
+ORVEL_EXPORT(double) bond_hrz_rtn(double price, double hrz_yld, double reinv_rate, double cpn_rate, double redemptn,
+                                  int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t settle_m, int32_t settle_d,
+                                  int32_t settle_y, int32_t hrz_m, int32_t hrz_d, int32_t hrz_y, int32_t mat_m,
+                                  int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y,
+                                  int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, int32_t validate,
+                                  uint32_t* err_code);
+
+/* Total return held to maturity: bond_tr_hrz's annualised return with the horizon at maturity and the
+ * holding redeemed at redemptn. With reinv_rate equal to the bond's yield at price it is that yield.
+ * Validation (validate != 0): 4002 price; 4200 redemptn; bond_ai's. Always: 15901; 4002, 4090 as
+ * bond_tr_hrz. 0.0 on failure. */
+ORVEL_EXPORT(double) bond_tr_htm(double price, double reinv_rate, double cpn_rate, double redemptn, int32_t day_type,
+                                 int32_t eom, int32_t cpn_freq, int32_t settle_m, int32_t settle_d, int32_t settle_y,
+                                 int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d,
+                                 int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y,
+                                 int32_t validate, uint32_t* err_code);
+
+/* Tax-equivalent yield of a tax-exempt bond: the taxable yield that leaves as much after tax,
+ * yld / (1 - T), T = tax_rate read as the kernels read a tax (1.0 or more a percentage: 35 and 0.35 are
+ * the same). Validation (validate != 0): 4001 yld not finite; 4300 tax_rate outside 0..100. Always: 15902
+ * a tax of 100% (no taxable yield leaves anything). Returns the yield in percent; 0.0 on failure. */
+ORVEL_EXPORT(double) bond_tey(double yld, double tax_rate, int32_t validate, uint32_t* err_code);
+
 #endif /* ORVEL_BOND_H */

@@ -196,7 +196,11 @@
     X(ORVEL_E_NO_QUOTE, 15101, "quote not finite (a 100% tax rate, a zero price, or a term of no days)") \
     X(ORVEL_E_SALE_DATE, 15102, "sale date invalid or blank")                                      \
     X(ORVEL_E_SALE_ORDER, 15103, "purchase date not before the sale date")                         \
-    X(ORVEL_E_SALE_AFTER_MAT, 15104, "sale date after maturity")
+    X(ORVEL_E_SALE_AFTER_MAT, 15104, "sale date after maturity")                                   \
+    X(ORVEL_E_NOT_FINAL, 15900, "settlement not in the final coupon period")                       \
+    X(ORVEL_E_REINV_RATE, 15901, "reinvestment rate not finite, or 1 + rate per period not positive") \
+    X(ORVEL_E_TAX_ALL, 15902, "tax rate of 100%: no taxable equivalent")                           \
+    X(ORVEL_E_PRICE_MOVE, 15903, "price move not in (0, 100]")
 
 #define ORVEL_ERROR_ENUM_(name, number, meaning) name = number,
 enum orvel_error { ORVEL_ERROR_TABLE(ORVEL_ERROR_ENUM_) };

@@ -244,4 +244,32 @@ ORVEL_EXPORT(double) i_earn_MDYs(int32_t d1_m, int32_t d1_d, int32_t d1_y, int32
                                  int32_t mat_m, int32_t mat_d, int32_t mat_y, double cpn_rate, int32_t day_type,
                                  int32_t eom, int32_t cpn_freq, int32_t validate, uint32_t* err_code);
 
+/* ---- Schedules seen from their start, and early redemption ---------------------------------------------- */
+
+/* Coupon periods from d1 to d2 as a fraction, on the schedule that starts at d1 and runs forward (a dated
+ * date whose coupons fall every 12 / cpn_freq months after it, as for a bond issued on its coupon cycle):
+ * the whole periods from d1 to the last forward coupon date on or before d2, plus da / dp of the period
+ * that d2 falls in (per2dp_da_dr under day_type). num_dper anchors the grid on d2 instead, so its partial
+ * period lies at the start and is measured against another period: annual actual/actual from 1/1/2019 to
+ * 2/15/2020 is 1 + 45/366 here and 1 + 45/365 there. A d1 after d2 (without validation) gives the
+ * negative of the reverse; equal dates 0. Same arguments, checks and errors as num_dper: with validate
+ * 500/501, 600/601, the ok_MDY errors (no role), 2000 d1 after d2. 0.0 on failure. */
+ORVEL_EXPORT(double) num_dper_fb(int32_t d1_m, int32_t d1_d, int32_t d1_y, int32_t d2_m, int32_t d2_d, int32_t d2_y,
+                                 int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t validate, uint32_t* err_code);
+
+/* The last coupon date of a bond redeemed early on er (a call or put date): the last coupon date strictly
+ * before er in the schedule of per_cpn_MDYs. A redemption on a coupon date is paid that coupon with the
+ * principal, so the last coupon date is then the one before it; on maturity this is per_lcd. Before the
+ * first coupon it is the dated date (the start of the odd first period).
+ *   er                   early redemption date; mat, dated, first_cpn, last_cpn, day_type, eom, cpn_freq
+ *                        as in per_cpn_MDYs; lcd out date
+ * Errors with validate: those of per_cpn_MDYs with er in the place of the date looked up (500/501,
+ * 600/601, er 1107/1207/1307/1507, mat 1501, the optional dates + role, 2071 er after mat, 2123, 2036,
+ * 2161), then 2127 er not after a given dated date. Nothing is written on failure. */
+ORVEL_EXPORT(void) per_er_lcd(int32_t er_m, int32_t er_d, int32_t er_y, int32_t mat_m, int32_t mat_d, int32_t mat_y,
+                              int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_m, int32_t first_d,
+                              int32_t first_y, int32_t last_m, int32_t last_d, int32_t last_y, int32_t day_type,
+                              int32_t eom, int32_t cpn_freq, int32_t* lcd_m, int32_t* lcd_d, int32_t* lcd_y,
+                              int32_t validate, uint32_t* err_code);
+
 #endif /* ORVEL_SCHEDULE_H */
