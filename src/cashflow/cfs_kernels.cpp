@@ -12,19 +12,32 @@ namespace orvel::cfs {
 namespace {
 
 // Walks the set with a running discount factor d = v^-(times[k] - origin), calling visit(k, d). The step
-// factor v^-(times[k] - times[k-1]) is kept while the spacing is the same bits; a factor that leaves the
-// normal range (0 or infinite after many steps, in either direction) is taken afresh from the power.
+// factor v^-(times[k] - times[k-1]) is kept while the spacing is the same; a spacing that differs from the
+// last by a rounding of the times only (k + f stored in a wider binade as k grows) corrects the factor by
+// exp(-delta ln v) to second order instead of taking a new power. A running factor that leaves the normal
+// range (0 or infinite after many steps) is taken afresh from the power.
 template <class Visit>
 void walk(double v, const double* times, int32_t count, double origin, Visit visit) {
     if (count < 1) return;
     double d = orvel::pow(v, origin - times[0]);
     visit(0, d);
-    double step = 0.0, factor = 1.0;
+    double step = 0.0, factor = 1.0, log_v = 0.0;
+    bool have_log = false;
     for (int32_t k = 1; k < count; ++k) {
         const double dt = times[k] - times[k - 1];
-        if (dt != step) {
+        const double delta = dt - step;
+        if (delta != 0.0) {
+            if (std::fabs(delta) <= 1e-10) {
+                if (!have_log) {
+                    log_v = orvel::log(v);
+                    have_log = true;
+                }
+                const double x = delta * log_v;  // |x| tiny: exp(-x) = 1 - x + x^2 / 2 to the last bit
+                factor *= 1.0 - x + 0.5 * x * x;
+            } else {
+                factor = orvel::pow(v, -dt);
+            }
             step = dt;
-            factor = orvel::pow(v, -dt);
         }
         d *= factor;
         if (!(d > 0.0 && d <= kMaxDouble)) d = orvel::pow(v, origin - times[k]);
