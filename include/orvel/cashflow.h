@@ -15,22 +15,23 @@
 /* A cash-flow set crosses the interface as the caller's parallel arrays and a count; the library keeps
  * nothing. amts[k] is the amount of flow k (any unit: per 100 or money), times[k] its time from settlement
  * in periods of 1 / freq year (periodic and Treasury forms) or in years (money-market and discount forms),
- * cf_m[k], cf_d[k], cf_y[k] its date (dated forms). No element at or past count is read, and times_out
- * receives exactly count elements. A count below 1 is an empty set (a price of 0.0, no error).
+ * cf_m[k], cf_d[k], cf_y[k] its date (dated forms). Flows need not be sorted, except that the Treasury
+ * form takes element 0 as the nearest. No element at or past count is read, and times_out receives
+ * exactly count elements. A count below 1 is an empty set (a price of 0.0, no error).
  *
- * Limits and common errors, checked before any other:
- *   - timed forms: count above 100000 is 15300 (always checked);
- *   - dated forms: count above 1000 is 14010 (always), as a bad flow date is numbered 12000 + k.
- * With validate, after the checks each function lists: each amount finite (15301) and each time finite
- * (15302); for dated forms settlement required (its ok_MDY number + 7), then each flow date valid and not
- * before settlement (12000 + k), then each amount finite (15301). prec (decimal places of a solved yield)
- * is 0..12, else 15303; a solve stops at the first candidate that reprices within 10^-(prec + 1).
- * freq is checked by ok_cpn_freq with its number replaced by 650.
- * Always checked: 4090 when 1 + yld / (100 freq) is zero or negative; the solver's 9020 (a degenerate
- * step, a value not finite, or 1,000 steps).
- * Yields are percent a year compounded freq times (money market: simple, percent a year).
+ * Checks shared by the family, in the place each function's list gives them:
+ *   - the set of the timed forms: count above 100000 is 15300 (always, before anything else); with
+ *     validate, each amount finite (15301) and each time finite (15302), after the function's own checks;
+ *   - the set of the dated forms: count above 1000 is 14010 (always), since a bad flow date is numbered
+ *     12000 + k; with validate, after the function's own checks, settlement required (its ok_MDY number
+ *     + 7), each flow date valid and not before settlement (12000 + k), each amount finite (15301);
+ *   - freq by ok_cpn_freq, its number replaced by 650; prec, the decimal places of a solved yield, 0..12,
+ *     else 15303: a solve returns the first candidate whose price is within 10^-(prec + 1) of the one given;
+ *   - always: 4090 when 1 + yld / (100 freq) is zero or negative; the solver's 9020 (a degenerate step, a
+ *     value not finite, or 1,000 steps).
+ * Yields are percent a year compounded freq times (money market: simple interest, percent a year).
  * On failure the result is 0.0 and every output is left as the caller filled it, except times_out: the
- * dated forms fill it once their checks pass, before the price or solve that may still fail. */
+ * dated forms fill it once their checks pass, before a price or a solve that may still fail. */
 
 /* Price at yld compounding freq times a year: sum amts[k] / (1 + yld / (100 freq))^times[k].
  * Validation: 4011 yld zero or not finite, 650 freq, then the set. */
@@ -169,6 +170,7 @@ ORVEL_EXPORT(void) cash_flow(double cf0, const double* amts, const int32_t* coun
  * answer when |npv| < tol or when npv moved by less than tol from the rate before. tol by the plain sum of
  * the group amounts (not counts, not cf0): below 1e5 5e-6; below 1e6 5e-5; below 1e7 5e-4; else 5e-3.
  * Each value is one pass over the groups (one power per change of group length, none per payment).
+ * Flows all of one sign have no rate in (-100, inf): the solve then ends with 9020 or on a rate below -100.
  * Errors: as cash_flow without rate; 9010 a start rate at which the set has no finite value; 9020. */
 ORVEL_EXPORT(double) cf_irr(double cf0, const double* amts, const int32_t* counts, int32_t n_groups, int32_t validate,
                             uint32_t* err_code);
@@ -245,7 +247,7 @@ ORVEL_EXPORT(double) cfs_aty(double price, double tax, int32_t freq, int32_t pre
  *   cfs_drs_s   the shift in basis points that changes the price by dprice (the inverse of cfs_drs_ps),
  *               solved from yld, yld - 1, yld + 1 within 10^-(prec + 1)
  * Validation: 4011 yld zero or not finite, 15310 shift or dprice not finite, 650 freq, 15303 prec (cfs_drs_s),
- * then the set. Always: 4090; 9020 (cfs_drs_s, a price change the set cannot reach). */
+ * then the set. Always: 4090; in cfs_drs_s a price change the set cannot reach ends with 4090 or 9020. */
 ORVEL_EXPORT(double) cfs_drs_p(double yld, int32_t freq, const double* amts, const double* times, int32_t count,
                                int32_t validate, uint32_t* err_code);
 ORVEL_EXPORT(double) cfs_drs_ps(double yld, double shift, int32_t freq, const double* amts, const double* times,
