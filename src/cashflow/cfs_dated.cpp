@@ -14,7 +14,7 @@ using orvel::Date;
 bool is_yield(int32_t given_type) { return given_type == 1 || given_type == 11; }
 bool is_price(int32_t given_type) { return given_type == 2 || given_type == 12; }
 
-// The flows of a dated call: their dates and amounts, settlement and the conventions that time them.
+// The flows of a dated call: their amounts and dates, and the settlement they are timed from.
 struct Dated {
     Date settle;
     const double* amts;
