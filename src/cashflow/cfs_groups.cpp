@@ -16,33 +16,39 @@ inline constexpr int32_t max_group_payments = 100000;
 
 // cf0 plus each group's uniform series discounted from its start: the uniform-series factor
 // (1 - v^-c) / r and the discount v^-T over the periods before the group, T carried as a running product
-// of the groups' v^-c (each power taken once while the group length repeats). Zero rate: 0/0, on purpose.
-struct Grouped {
-    double npv = 0.0;
-    double total = 0.0;    // cf0 and every payment, undiscounted
-    double periods = 0.0;  // T, the sum of the counts
-};
-
-Grouped grouped(double cf0, const double* amts, const int32_t* counts, int32_t n_groups, double rate) {
+// of the groups' v^-c (each power taken once while the group length repeats). Two neighbouring groups of
+// one length are taken together, the running discount stepping by v^-2c, so that the chain of products a
+// value waits on is half as long. Zero rate: 0/0, on purpose.
+double grouped_npv(double cf0, const double* amts, const int32_t* counts, int32_t n_groups, double rate) {
     const double r = rate / 100.0;
     const double v = 1.0 + r;
-    Grouped g{cf0, cf0, 0.0};
-    double before = 1.0;  // v^-T_j
-    double len = 0.0, vc = 1.0, annuity = 0.0;
-    for (int32_t j = 0; j < n_groups; ++j) {
-        const double c = static_cast<double>(counts[j]);
+    double npv = cf0, before = 1.0;  // v^-T_j
+    double vc = 1.0, vc2 = 1.0, annuity = 0.0;
+    int64_t periods = 0;
+    int32_t len = 0;
+    for (int32_t j = 0; j < n_groups;) {
+        const int32_t c = counts[j];
         if (j == 0 || c != len) {
             len = c;
-            vc = orvel::pow(v, -c);
+            vc = orvel::pow(v, -static_cast<double>(c));
+            vc2 = vc * vc;
             annuity = (1.0 - vc) / r;
         }
-        g.npv += amts[j] * annuity * before;
-        g.total += c * amts[j];
-        g.periods += c;
-        before *= vc;
-        if (!(before > 0.0 && before <= orvel::kMaxDouble)) before = orvel::pow(v, -g.periods);
+        if (j + 1 < n_groups && counts[j + 1] == c) {
+            npv += annuity * (amts[j] * before + amts[j + 1] * (before * vc));
+            before *= vc2;
+            periods += 2 * int64_t{c};
+            j += 2;
+        } else {
+            npv += annuity * amts[j] * before;
+            before *= vc;
+            periods += c;
+            j += 1;
+        }
+        if (!(std::fabs(before) > 0.0 && std::fabs(before) <= orvel::kMaxDouble))
+            before = orvel::pow(v, -static_cast<double>(periods));
     }
-    return g;
+    return npv;
 }
 
 // The checks of both calculators: the number of groups (always), then with validate cf0 and the amounts
@@ -79,13 +85,18 @@ ORVEL_EXPORT(void) cash_flow(double cf0, const double* amts, const int32_t* coun
         orvel::fail(err_code, ORVEL_E_CFS_RATE);
         return;
     }
-    const Grouped g = grouped(cf0, amts, counts, n_groups, rate);
+    double sum = cf0, periods = 0.0;
+    for (int32_t j = 0; j < n_groups; ++j) {
+        sum += counts[j] * amts[j];
+        periods += counts[j];
+    }
+    const double value = grouped_npv(cf0, amts, counts, n_groups, rate);
     const double r = rate / 100.0;
-    const double growth = orvel::pow(1.0 + r, g.periods);  // FV of one unit over T periods
-    *npv = g.npv;
-    *nfv = growth * g.npv;
-    *nus = g.npv / ((1.0 - 1.0 / growth) / r);
-    *total = g.total;
+    const double growth = orvel::pow(1.0 + r, periods);  // FV of one unit over T periods
+    *npv = value;
+    *nfv = growth * value;
+    *nus = value / ((1.0 - 1.0 / growth) / r);
+    *total = sum;
 }
 
 double orvel::cfs::irr(double cf0, const double* amts, const int32_t* counts, int32_t n_groups, uint32_t* err_code,
@@ -95,7 +106,7 @@ double orvel::cfs::irr(double cf0, const double* amts, const int32_t* counts, in
     double previous = 0.0;
     // The residual is -npv; a start point without a value stops the solve before it iterates (9010).
     auto residual = [&](double rate, uint32_t* e) {
-        const double f = -grouped(cf0, amts, counts, n_groups, rate).npv;
+        const double f = -grouped_npv(cf0, amts, counts, n_groups, rate);
         if (!std::isfinite(f) && evaluated < 3) *e = ORVEL_E_IRR_START;
         return f;
     };
