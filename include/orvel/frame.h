@@ -200,7 +200,22 @@
     X(ORVEL_E_NOT_FINAL, 15900, "settlement not in the final coupon period")                       \
     X(ORVEL_E_REINV_RATE, 15901, "reinvestment rate not finite, or 1 + rate per period not positive") \
     X(ORVEL_E_TAX_ALL, 15902, "tax rate of 100%: no taxable equivalent")                           \
-    X(ORVEL_E_PRICE_MOVE, 15903, "price move not in (0, 100]")
+    X(ORVEL_E_PRICE_MOVE, 15903, "price move not in (0, 100]")                                     \
+    X(ORVEL_E_IRR_START, 9010, "internal rate of return: no value at the start rates")             \
+    X(ORVEL_E_DM_MODE, 270, "discount-margin period basis (mode) not 1 or 2")                      \
+    X(ORVEL_E_RESERVED, 630, "a reserved argument is not zero")                                    \
+    X(ORVEL_E_DATE_WHICH, 820, "date-search selector not 1 (latest) or 2 (earliest)")              \
+    X(ORVEL_E_CFS_COUNT, 15300, "cash-flow count above 100000")                                    \
+    X(ORVEL_E_CFS_AMOUNT, 15301, "a cash-flow amount not a finite number")                         \
+    X(ORVEL_E_CFS_TIME, 15302, "a cash-flow time not a finite number")                             \
+    X(ORVEL_E_CFS_PREC, 15303, "decimal places (prec) not 0..12")                                  \
+    X(ORVEL_E_CFS_GROUP, 15304, "payments in a group of equal flows not 0..100000")                \
+    X(ORVEL_E_CFS_RATE, 15305, "a rate (reinvestment, horizon, index, period) or a guess not finite") \
+    X(ORVEL_E_CFS_HORIZON, 15306, "horizon not after settlement, or no flow after settlement")     \
+    X(ORVEL_E_CFS_VALUE, 15307, "the flows are worth 0: no duration or convexity")                 \
+    X(ORVEL_E_CFS_NO_DISC, 15308, "a flow at time 0 or of amount 0 has no discount rate")          \
+    X(ORVEL_E_CFS_TAX_ALL, 15309, "a tax of 100%: no tax-equivalent yield")                        \
+    X(ORVEL_E_CFS_SHIFT, 15310, "yield shift or price change not a finite number")
 
 #define ORVEL_ERROR_ENUM_(name, number, meaning) name = number,
 enum orvel_error { ORVEL_ERROR_TABLE(ORVEL_ERROR_ENUM_) };

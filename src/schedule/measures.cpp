@@ -41,12 +41,12 @@ bool valid_span(Date d1, Date d2, int32_t day_type, int32_t cpn_freq, uint32_t* 
         .ok();
 }
 
-double signed_periods(Date d1, Date d2, int32_t day_type, int32_t eom, int32_t cpn_freq) {
+}  // namespace
+
+double orvel::schedule::signed_periods(Date d1, Date d2, int32_t day_type, int32_t eom, int32_t cpn_freq) {
     if (compare(d1, d2) > 0) return -periods_between(d2, d1, day_type, eom, cpn_freq);
     return periods_between(d1, d2, day_type, eom, cpn_freq);
 }
-
-}  // namespace
 
 ORVEL_EXPORT(double) num_dper(int32_t d1_m, int32_t d1_d, int32_t d1_y, int32_t d2_m, int32_t d2_d, int32_t d2_y,
                               int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t validate, uint32_t* err_code) {

@@ -32,4 +32,8 @@ struct RegularInfo {
 // Everything about settlement in a regular schedule in one pass.
 RegularInfo regular_info(Date settle, Date mat, int32_t day_type, int32_t eom, int32_t cpn_freq);
 
+// Coupon periods from d1 to d2 on the grid anchored on d2, as num_dper counts them (negative when d1 is
+// after d2). Validates nothing.
+double signed_periods(Date d1, Date d2, int32_t day_type, int32_t eom, int32_t cpn_freq);
+
 }  // namespace orvel::schedule

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "orvel/calendar.h"
+#include "orvel/cashflow.h"
 #include "orvel/frame.h"
 
 namespace {
@@ -47,15 +48,17 @@ const std::map<uint32_t, uint32_t> spelled_out = {
 // The checks that report a bad list date by its index, each with its refusal of a list too long, over
 // one list of 1/15/2001 (amounts 0.01).
 std::vector<int32_t> ms(ORVEL_DATE_LIST_MAX + 101, 1), ds(ms.size(), 15), ys(ms.size(), 2001);
-std::vector<double> as(ms.size(), 0.01);
+std::vector<double> as(ms.size(), 0.01), ts(ms.size());
 int32_t *m = ms.data(), *d = ds.data(), *y = ys.data();
-double* a = as.data();
+double *a = as.data(), *t = ts.data();
 const std::pair<uint32_t, std::function<void(int32_t, uint32_t*)>> list_checks[] = {
     {ORVEL_E_LIST_LENGTH, [](int32_t n, uint32_t* e) { ok_flt_cpns(3, 1, 2024, n, m, d, y, e); }},
     {ORVEL_E_LIST_LENGTH, [](int32_t n, uint32_t* e) { ok_flt_rcs(3, 1, 2024, n, m, d, y, a, e); }},
     {ORVEL_E_SF_IN, [](int32_t n, uint32_t* e) { ok_sf_in(3, 1, 2024, 11, 15, 2033, n, m, d, y, a, e); }},
     {ORVEL_E_LIST_LENGTH, [](int32_t n, uint32_t* e) { MDY_maint(1, m, d, y, a, n, n, m, d, y, a, 0, 1, e); }},
     {ORVEL_E_LIST_LENGTH, [](int32_t n, uint32_t* e) { MDY_maint(-1, m, d, y, a, 0, 0, m, d, y, a, n, 1, e); }},
+    {ORVEL_E_LIST_LENGTH, [](int32_t n, uint32_t* e) { cfs_py(5, 1, 1, 0, 2, 6, 1, 1, 2000, a, m, d, y, n, t, 1, e); }},
+    {ORVEL_E_LIST_LENGTH, [](int32_t n, uint32_t* e) { cfs_arrayloc(1, 1, n, m, d, y, nullptr, 0, 0, 0, 0, 0, 1, e); }},
 };
 
 // The number of a list check on a list of `n` dates (index + 1 when the last is bad).
