@@ -181,7 +181,15 @@
     X(ORVEL_E_FRN_NEXT_RST, 2179, "settlement not before the next reset date")                     \
     X(ORVEL_E_FRN_RST_ORDER, 2199, "last reset date not before the next reset date")               \
     X(ORVEL_E_LIST_LENGTH, 14010, "date list longer than 1000 dates")                              \
-    X(ORVEL_E_DAYS_PER_BELOW, 4750, "days in the period below the least given (a least outside 0..299)")
+    X(ORVEL_E_DAYS_PER_BELOW, 4750, "days in the period below the least given (a least outside 0..299)") \
+    X(ORVEL_E_NO_FIFTH_WEEKDAY, 2700, "the month has no fifth such weekday")                        \
+    X(ORVEL_E_HOL_ACTION, 5300, "holiday table action not -1, 0 or 1")                             \
+    X(ORVEL_E_HOL_ABSENT, 5301, "holiday to delete not in the table")                              \
+    X(ORVEL_E_HOL_PRESENT, 5302, "holiday to insert already in the table")                         \
+    X(ORVEL_E_HOL_INSERT_WEEKEND, 5303, "holiday to insert falls on a Saturday or Sunday")         \
+    X(ORVEL_E_NOT_BUSINESS_DAY, 14000, "date is not a business day")                               \
+    X(ORVEL_E_EXD_RULE, 965, "ex-dividend rule not 1, 2 or 3")                                     \
+    X(ORVEL_E_HOL_FULL, 15700, "holiday table full: 3000 entries, no room to insert")
 
 #define ORVEL_ERROR_ENUM_(name, number, meaning) name = number,
 enum orvel_error { ORVEL_ERROR_TABLE(ORVEL_ERROR_ENUM_) };
