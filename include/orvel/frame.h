@@ -3,11 +3,12 @@
  *
  * Every export is a plain C function. Dates are three int32 arguments (month, day, four-digit year);
  * results come back as the function value and through output pointers; a function that can fail takes
- * `err_code` as its last argument and, on failure, writes an error number there and returns 0 (or 0.0).
- * On success `err_code` is left as it was (three clean-ups excepted: a date-group validator that supplies a
+ * `err_code` as its last argument and, on failure, writes an error number there and returns 0 (or 0.0;
+ * `rslt_fix_plc` returns its unrounded input, `hol_maint` the table's count for a holiday already there).
+ * On success `err_code` is left as it was (clean-ups excepted: a date-group validator that supplies a
  * default for a blank optional date writes 0 over its own probe's 1500, `ok_hol_table` writes 0 when it
- * accepts a table, and the date sorts write 0 on a list of two or more dates that is not strictly
- * descending). Set it to 0 before a call and test it afterwards: a result of 0 alone is no sign of failure.
+ * accepts a table, `hol_maint` once its checks pass, and the date sorts write 0 on a list of two or more
+ * dates that is not strictly descending). Set it to 0 before a call and test it afterwards: a result of 0 alone is no sign of failure.
  *
  * With `validate` non-zero a function checks its arguments (the ok_ validators) before computing and stops
  * at the first failure; with 0 it trusts them. Rates, yields and percentages are in percent (6.5 = 6.5%).

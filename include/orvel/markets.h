@@ -84,7 +84,8 @@ ORVEL_EXPORT(int32_t) ukgb_exd(int32_t day_type, int32_t eom, int32_t cpn_freq, 
                                int32_t spec_exd, int32_t adj_bdt, int32_t hol_count, const int32_t* holidays,
                                int32_t* exd_m, int32_t* exd_d, int32_t* exd_y, int32_t validate, uint32_t* err_code);
 
-/* German bunds (market 170, which gives day_type only: cpn_freq must be passed). A coupon on the 3rd to the
+/* German bunds (market 170, which gives day_type only: cpn_freq must be passed, and an eom left at -1
+ * counts as set). A coupon on the 3rd to the
  * 16th goes ex on the 1st of its month, a later one on the 16th, one on the 1st or 2nd on the 16th of the
  * month before; with adj_bdt != 0 rolled to the following business day over the holidays. */
 ORVEL_EXPORT(int32_t) gmgb_exd(int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t settle_m, int32_t settle_d,
