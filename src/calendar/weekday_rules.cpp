@@ -28,7 +28,8 @@ int32_t move_onto_rule(int64_t months, int32_t occur, int32_t dow, int32_t* m, i
 
 }  // namespace
 
-ORVEL_EXPORT(int32_t) dwm_2_day(int32_t m, int32_t y, int32_t occur, int32_t dow, int32_t validate, uint32_t* err_code) {
+ORVEL_EXPORT(int32_t) dwm_2_day(int32_t m, int32_t y, int32_t occur, int32_t dow, int32_t validate,
+                                uint32_t* err_code) {
     return rule_day(m, y, occur, dow, validate, err_code);
 }
 

@@ -39,7 +39,8 @@ TEST(ExDividend, EveryCouponDayAgainstAWalk) {
         EXPECT_EQ(MDY_2_julian(um, ud, uy), MDY_2_julian(em, ed, ey));
         // Germany: the 1st, the 16th or the 16th of the month before, then the next business day.
         gmgb_exd(-1, 0, 12, sm, sd, sy, m, d, y + 5, 0, 0, 0, 0, 0, 0, 1, n_hol, table.data(), &em, &ed, &ey, 1, &err);
-        want = d >= 3 && d <= 16 ? MDY_2_julian(m, 1, y) : d > 16 ? MDY_2_julian(m, 16, y) : jn - d - last_dom(m == 1 ? 12 : m - 1, y) + 16;
+        const int32_t sixteenth_before = jn - d - last_dom(m == 1 ? 12 : m - 1, y) + 16;
+        want = d >= 3 && d <= 16 ? MDY_2_julian(m, 1, y) : d > 16 ? MDY_2_julian(m, 16, y) : sixteenth_before;
         while (!business(want)) ++want;
         EXPECT_EQ(MDY_2_julian(em, ed, ey), want);
         // Austria: a Monday of the coupon's month, in its first week for the 10th..24th, else the third.
