@@ -59,7 +59,8 @@ std::vector<bool> derived_counts(const ExportSpec& e) {
 
 bool is_typed(const ExportSpec& e, const std::vector<bool>& derived, int index) {
     const Kind k = e.arg_list[index].kind;
-    if (k == Kind::I32) return !derived[static_cast<std::size_t>(index)];
+    if (k == Kind::I32 || (k == Kind::IoI32 && derived[static_cast<std::size_t>(index)]))
+        return !derived[static_cast<std::size_t>(index)];
     return k == Kind::F64 || k == Kind::Date || k == Kind::IoI32 || k == Kind::IoF64 || k == Kind::IoDate ||
            is_input_array(k);
 }
@@ -223,7 +224,7 @@ void size_storage(const ExportSpec& e, int index, const std::vector<ArgValue>& a
     if (exports::is_array(a.kind)) {
         const int32_t n = a.count_arg >= 0 ? args[static_cast<std::size_t>(a.count_arg)].ints0.at(0) : 0;
         v.length = n + a.count_offset;
-        const auto size = static_cast<std::size_t>(std::max(v.length, 1));
+        const auto size = static_cast<std::size_t>(std::max(v.length + (exports::grows(e, a) ? 1 : 0), 1));
         if (a.kind == Kind::OutChr) {
             v.text.assign(size, '\0');
         } else if (holds_reals(a.kind)) {
@@ -256,7 +257,15 @@ std::string csv_field(const std::string& s) {
 }
 
 // The value of an output or io argument after the call, as text.
-std::string value_text(const ArgSpec& a, const ArgValue& v, int digits) {
+// A table that the export may grow shows as many elements as its count holds after the call.
+int32_t shown_length(const ExportSpec& e, const std::vector<ArgValue>& args, std::size_t i) {
+    const ArgValue& v = args[i];
+    if (!exports::grows(e, e.arg_list[i])) return v.length;
+    const int32_t n = args[static_cast<std::size_t>(e.arg_list[i].count_arg)].ints.at(0);
+    return std::clamp(n, 0, static_cast<int32_t>(std::max(v.ints.size(), v.reals.size())));
+}
+
+std::string value_text(const ArgSpec& a, const ArgValue& v, int digits, int32_t length) {
     if (a.kind == Kind::OutChr) {
         const auto end = std::find(v.text.begin(), v.text.begin() + std::max(v.length, 0), '\0');
         return std::string(v.text.begin(), end);
@@ -264,7 +273,7 @@ std::string value_text(const ArgSpec& a, const ArgValue& v, int digits) {
     if (is_date(a.kind)) return format_date(v.ints[0], v.ints[1], v.ints[2]);
     std::string out;
     const int first = exports::is_array(a.kind) ? a.count_offset : 0;
-    for (int k = first; k < v.length; ++k) {
+    for (int k = first; k < length; ++k) {
         if (k > first) out += ',';
         const auto at = static_cast<std::size_t>(k);
         out += holds_reals(a.kind) ? format_double(v.reals[at], digits) : std::to_string(v.ints[at]);
@@ -340,7 +349,8 @@ std::string PreparedCall::report() const {
     for (std::size_t i = 0; i < args_.size(); ++i) {
         const ArgSpec& a = entry_->arg_list[i];
         if (is_output(a.kind) || is_io(a.kind))
-            out += std::string(a.name) + " = " + value_text(a, args_[i], spreadsheet_digits) + "\n";
+            out += std::string(a.name) + " = " +
+                   value_text(a, args_[i], spreadsheet_digits, shown_length(*entry_, args_, i)) + "\n";
     }
     if (has_err()) out += "err_code = " + std::to_string(err_) + " (" + error_text(err_) + ")\n";
     return out;
@@ -353,7 +363,8 @@ std::string PreparedCall::csv(int digits) const {
     if (entry_->result == exports::Result::F64) out += format_double(result_f64(), digits);
     for (std::size_t i = 0; i < args_.size(); ++i) {
         const ArgSpec& a = entry_->arg_list[i];
-        if (is_output(a.kind) || is_io(a.kind)) out += "," + csv_field(value_text(a, args_[i], digits));
+        if (is_output(a.kind) || is_io(a.kind))
+            out += "," + csv_field(value_text(a, args_[i], digits, shown_length(*entry_, args_, i)));
     }
     out += ',';
     if (has_err()) out += std::to_string(err_);

@@ -28,7 +28,8 @@ struct ArgSpec {
     const char* name;
     Kind kind;
     int first_param;   // index of its first C parameter
-    int count_arg;     // for arrays: index (in the argument list) of the count argument, else -1
+    int count_arg;     // for arrays: index (in the argument list) of the count argument, else -1; an IoI32
+                       // count is a table the export may grow by one entry: room for count + 1 elements
     int count_offset;  // elements beyond the count (1 for 1-based tables)
 };
 
@@ -64,6 +65,11 @@ inline constexpr bool is_array(Kind k) {
 }
 
 #include "export_table.inc"
+
+// An array counted by an io count: the export may add one element, so the caller gives one more.
+inline bool grows(const ExportSpec& e, const ArgSpec& a) {
+    return is_array(a.kind) && a.count_arg >= 0 && e.arg_list[a.count_arg].kind == Kind::IoI32;
+}
 
 inline constexpr std::span<const ExportSpec> table() { return all_exports; }
 

@@ -19,6 +19,8 @@ kind:   i32 f64                       by value
         io_i32 io_f64                 read and written through a pointer
         out_date io_date              three int32 pointers
         i32[n] f64[n]                 caller array read, n = count argument (n+1 for 1-based tables)
+                                      an io_i32 count is a table the export may grow by one entry in
+                                      place: its arrays have room for n + 1 elements
         out_i32[n] out_f64[n]         caller array written
         io_i32[n] io_f64[n]           caller array read and written
         out_chr[n]                    caller text buffer of n bytes
@@ -98,8 +100,8 @@ def parse_entry(e):
         raise ListError(f"{where}: repeated argument name")
     for a in args:
         if a["count"]:
-            if a["count"] not in names or args[names.index(a["count"])]["kind"] != "i32":
-                raise ListError(f"{where}: count '{a['count']}' of '{a['name']}' is not an i32 argument")
+            if a["count"] not in names or args[names.index(a["count"])]["kind"] not in ("i32", "io_i32"):
+                raise ListError(f"{where}: count '{a['count']}' of '{a['name']}' is not an i32 or io_i32 argument")
             a["count_index"] = names.index(a["count"])
         if a["kind"] == "err" and a is not args[-1]:
             raise ListError(f"{where}: err must be the last argument")

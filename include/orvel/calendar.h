@@ -297,4 +297,100 @@ ORVEL_EXPORT(double) isda_dcf(int32_t m1, int32_t d1, int32_t y1, int32_t m2, in
                               int32_t day_type, int32_t ref_m, int32_t ref_d, int32_t ref_y, int32_t* basis,
                               int32_t validate, uint32_t* err_code);
 
+/* ---- Holidays and business days ------------------------------------------------------------------- */
+
+/* The holiday table is the caller's: hol_count julian day numbers (MDY_2_julian) in strictly ascending
+ * order, from 1/1/1800 to 12/31/2300, weekdays only, at most 3000 (ok_hol_table: 5400, 5401, 5403). A
+ * count of 0 means no holidays. A business day is a Monday to Friday not in the table. Every function
+ * here refuses a count outside 0..3000 with 5400 even without validation, since the count bounds what it
+ * reads; it reads no entry past hol_count. */
+
+/* Queries, deletes or inserts one holiday in the caller's table, which stays sorted:
+ *   action 0   returns 1 when the date is in the table, else 0;
+ *   action -1  deletes it (the later entries move down, *hol_count drops by one) and returns 0; a date not
+ *              in the table is 5301 (returns 0);
+ *   action 1   inserts it (the later entries move up, *hol_count rises by one) and returns the new count;
+ *              a date already there is 5302 and returns the count; a Saturday or Sunday is 5303
+ *              (returns 0); a table of 3000 entries is full: 15700 (returns 0).
+ * Any other action returns 0 and changes nothing. holidays must have room for *hol_count + 1 entries
+ * when inserting. With validate: ok_hol_table on the current table (5400, 5401, 5403), the date as a
+ * required date (1100, 1200, 1300, 1500), the action (5300); after these checks pass err_code is written
+ * 0. A refusal leaves the table and the count as they were. */
+ORVEL_EXPORT(int32_t) hol_maint(int32_t m, int32_t d, int32_t y, int32_t action, int32_t* hol_count, int32_t* holidays,
+                                int32_t validate, uint32_t* err_code);
+
+/* 1 for a business day, 0 for a Saturday, Sunday or holiday. With validate: the date (1100, 1200, 1300,
+ * 1500), then the table (5400, 5401, 5403); on failure 0. */
+ORVEL_EXPORT(int32_t) is_bdt(int32_t m, int32_t d, int32_t y, int32_t hol_count, const int32_t* holidays,
+                             int32_t validate, uint32_t* err_code);
+
+/* 1 for a Saturday or Sunday, else 0. With validate the date is checked (1100, 1200, 1300, 1500). */
+ORVEL_EXPORT(int32_t) is_weekend(int32_t m, int32_t d, int32_t y, int32_t validate, uint32_t* err_code);
+
+/* Writes the business day reached from the date and returns its year: the date itself when it is a
+ * business day; otherwise, for dir >= 0, the following business day (a weekend jumps to the Monday, a
+ * holiday moves one day on, until a business day), for dir < 0 the preceding one. A plain roll: it does
+ * not turn back at a month end. Checks and errors as is_bdt; on failure 0 and nothing written. */
+ORVEL_EXPORT(int32_t) adj_to_bdt(int32_t m, int32_t d, int32_t y, int32_t dir, int32_t* m_out, int32_t* d_out,
+                                 int32_t* y_out, int32_t hol_count, const int32_t* holidays, int32_t validate,
+                                 uint32_t* err_code);
+
+/* Rolls each of the n dates of three parallel arrays that is not a business day, in place, as adj_to_bdt
+ * in direction dir; *adjusted becomes 1 when any date moved, else 0. Returns the number of dates moved.
+ * n above 1000 or negative is 14010 (with or without validation). With validate: each date as a required
+ * date, the first bad one 12000 + its index; then the table (5400, 5401, 5403). On failure 0, and neither
+ * the dates nor *adjusted are written. */
+ORVEL_EXPORT(int32_t) adj_cfs_dts(int32_t* months, int32_t* days, int32_t* years, int32_t n, const int32_t* holidays,
+                                  int32_t hol_count, int32_t dir, int32_t* adjusted, int32_t validate,
+                                  uint32_t* err_code);
+
+/* Writes the date n business days from the date (n < 0: back) and returns its year. A start that is no
+ * business day is first rolled in the direction of n (following for n >= 0, preceding for n < 0); whole
+ * weeks of five business days are then counted as seven calendar days, the remainder over a weekend adds
+ * two, and each holiday between the start and the result moves it one business day further. Friday + 1
+ * is the Monday; Monday - 1 the Friday before. Checks and errors as is_bdt. */
+ORVEL_EXPORT(int32_t) incr_by_bdys(int32_t m, int32_t d, int32_t y, int32_t n, int32_t* m_out, int32_t* d_out,
+                                   int32_t* y_out, int32_t hol_count, const int32_t* holidays, int32_t validate,
+                                   uint32_t* err_code);
+
+/* Business days from date1 to date2 (negative when date2 is earlier; 0 for equal dates): 5 per whole
+ * week plus the remainder, less 2 when the remainder crosses a weekend. Of the holidays only one is ever
+ * deducted: the table's first entry, when it lies from the earlier date to the later one (a table whose
+ * first entry is before the earlier date deducts nothing, however many holidays lie between). Both dates
+ * must be business days, else 14000. With validate first: date1, date2 (1100, 1200, 1300, 1500), the
+ * table (5400, 5401, 5403). On failure 0. */
+ORVEL_EXPORT(int32_t) days_bus(int32_t m1, int32_t d1, int32_t y1, int32_t m2, int32_t d2, int32_t y2,
+                               int32_t hol_count, const int32_t* holidays, int32_t validate, uint32_t* err_code);
+
+/* Day of month of the occur-th weekday dow (1 Monday .. 7 Sunday) of the month; occur 1..5, 0 for the
+ * last one (dwm_2_day(11, 1998, 4, 4) = 26, the fourth Thursday). A fifth weekday the month lacks is 2700
+ * (with or without validation). With validate first: the first of the month as a date (1100, 1200), occur
+ * (2720), dow (2710). On failure 0. */
+ORVEL_EXPORT(int32_t) dwm_2_day(int32_t m, int32_t y, int32_t occur, int32_t dow, int32_t validate, uint32_t* err_code);
+
+/* The day of dwm_2_day rolled to a business day as adj_to_bdt in direction dir; writes it and returns its
+ * year. With validate: the checks of dwm_2_day, then the table (5400, 5401, 5403); then 2700. On failure 0
+ * and nothing written. */
+ORVEL_EXPORT(int32_t) dwm_2_bdt(int32_t m, int32_t y, int32_t occur, int32_t dow, int32_t dir, int32_t hol_count,
+                                const int32_t* holidays, int32_t* m_out, int32_t* d_out, int32_t* y_out,
+                                int32_t validate, uint32_t* err_code);
+
+/* Moves the date n months (the year carried as in incr_by_mths) onto the occur-th weekday dow of that
+ * month and returns the new year. Always validated as dwm_2_day on the new month (1100, 1200, 2720, 2710,
+ * 2700); on failure 0 and the date is left as it was. */
+ORVEL_EXPORT(int32_t) incr_by_mdwm(int32_t n, int32_t occur, int32_t dow, int32_t* m, int32_t* d, int32_t* y,
+                                   uint32_t* err_code);
+
+/* incr_by_mdwm by n coupon periods: n * (12 / cpn_freq) months, a frequency below 1 counting as 1 (and
+ * one above 12 as periods of no months). */
+ORVEL_EXPORT(int32_t) incr_by_pdwm(int32_t n, int32_t cpn_freq, int32_t occur, int32_t dow, int32_t* m, int32_t* d,
+                                   int32_t* y, uint32_t* err_code);
+
+/* Splits a packed date YYYYMMDD (or YYMMDD) into month, day and year, and returns the year: day = dt mod
+ * 100, month = (dt / 100) mod 100, year = dt / 10000. A year above 99 is kept, and so is a two-digit year
+ * when month and day are both 0 (a blank date); otherwise a two-digit year becomes 2000 + year when it is
+ * at most pivot_yr, 1900 + year above it (as dt_2_YYYY). The parts are not validated: 10150 gives
+ * 1/50/2001. Cannot fail. */
+ORVEL_EXPORT(int32_t) breakup_date(int32_t dt, int32_t pivot_yr, int32_t* m, int32_t* d, int32_t* y);
+
 #endif /* ORVEL_CALENDAR_H */

@@ -3,11 +3,12 @@
  *
  * Every export is a plain C function. Dates are three int32 arguments (month, day, four-digit year);
  * results come back as the function value and through output pointers; a function that can fail takes
- * `err_code` as its last argument and, on failure, writes an error number there and returns 0 (or 0.0).
- * On success `err_code` is left as it was (three clean-ups excepted: a date-group validator that supplies a
+ * `err_code` as its last argument and, on failure, writes an error number there and returns 0 (or 0.0;
+ * `rslt_fix_plc` returns its unrounded input, `hol_maint` the table's count for a holiday already there).
+ * On success `err_code` is left as it was (clean-ups excepted: a date-group validator that supplies a
  * default for a blank optional date writes 0 over its own probe's 1500, `ok_hol_table` writes 0 when it
- * accepts a table, and the date sorts write 0 on a list of two or more dates that is not strictly
- * descending). Set it to 0 before a call and test it afterwards: a result of 0 alone is no sign of failure.
+ * accepts a table, `hol_maint` once its checks pass, and the date sorts write 0 on a list of two or more
+ * dates that is not strictly descending). Set it to 0 before a call and test it afterwards: a result of 0 alone is no sign of failure.
  *
  * With `validate` non-zero a function checks its arguments (the ok_ validators) before computing and stops
  * at the first failure; with 0 it trusts them. Rates, yields and percentages are in percent (6.5 = 6.5%).
@@ -215,7 +216,15 @@
     X(ORVEL_E_CFS_VALUE, 15307, "the flows are worth 0: no duration or convexity")                 \
     X(ORVEL_E_CFS_NO_DISC, 15308, "a flow at time 0 or of amount 0 has no discount rate")          \
     X(ORVEL_E_CFS_TAX_ALL, 15309, "a tax of 100%: no tax-equivalent yield")                        \
-    X(ORVEL_E_CFS_SHIFT, 15310, "yield shift or price change not a finite number")
+    X(ORVEL_E_CFS_SHIFT, 15310, "yield shift or price change not a finite number")                 \
+    X(ORVEL_E_NO_FIFTH_WEEKDAY, 2700, "the month has no fifth such weekday")                       \
+    X(ORVEL_E_HOL_ACTION, 5300, "holiday table action not -1, 0 or 1")                             \
+    X(ORVEL_E_HOL_ABSENT, 5301, "holiday to delete not in the table")                              \
+    X(ORVEL_E_HOL_PRESENT, 5302, "holiday to insert already in the table")                         \
+    X(ORVEL_E_HOL_INSERT_WEEKEND, 5303, "holiday to insert falls on a Saturday or Sunday")         \
+    X(ORVEL_E_NOT_BUSINESS_DAY, 14000, "date is not a business day")                               \
+    X(ORVEL_E_EXD_RULE, 965, "ex-dividend rule not 1, 2 or 3")                                     \
+    X(ORVEL_E_HOL_FULL, 15700, "holiday table full: 3000 entries, no room to insert")
 
 #define ORVEL_ERROR_ENUM_(name, number, meaning) name = number,
 enum orvel_error { ORVEL_ERROR_TABLE(ORVEL_ERROR_ENUM_) };

@@ -1,9 +1,9 @@
 // Validators of coupon cycles: whether dates lie a whole number of coupon periods apart, by month and day
 // of month or by a weekday-of-month rule, and the odd-period dates derived from period lengths.
-#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 
+#include "calendar/business.hpp"
 #include "groups/dates.hpp"
 
 using orvel::Check;
@@ -40,33 +40,11 @@ bool orvel::same_cycle(Date a, Date b, int32_t eom, int32_t cpn_freq) {
 
 namespace {
 
-int32_t weekday(Date x) { return orvel::cal::weekday(orvel::cal::jdn(x)); }
-
-// The occur-th weekday dow of the month (occur 0: the last one); 0 when the month has no such day.
-int32_t weekday_of_month(int32_t m, int32_t y, int32_t occur, int32_t dow) {
-    if (occur < 0 || occur > 5 || dow < 1 || dow > 7) return 0;
-    const int32_t first = weekday({m, 1, y});
-    const int32_t t = dow - first + 1 + (first > dow ? 7 : 0);
-    const int32_t last = orvel::cal::month_end(m, y);
-    if (occur == 0) return t + 28 <= last ? t + 28 : t + 21;
-    const int32_t day = t + 7 * (occur - 1);
-    return day <= last ? day : 0;
-}
-
-bool is_holiday(int32_t julian, int32_t hol_count, const int32_t* hols) {
-    return hol_count > 0 && std::binary_search(hols, hols + hol_count, julian);
-}
-
-// The weekday-of-month day of x's month, moved forward over weekends and holidays, is x itself.
+// The weekday-of-month day of x's month, rolled forward over weekends and holidays, is x itself.
 bool on_weekday_rule(Date x, int32_t occur, int32_t dow, int32_t hol_count, const int32_t* hols) {
-    if (!orvel::is_given(x)) return false;
-    const int32_t day = weekday_of_month(x.m, x.y, occur, dow);
-    if (day == 0) return false;
-    int32_t j = static_cast<int32_t>(orvel::cal::jdn(x.m, day, x.y));
-    // A run of h weekday holidays with the weekends inside it spans fewer than 2h + 3 days.
-    for (int32_t guard = 0; guard <= 2 * hol_count + 3 && (j % 7 + 1 > 5 || is_holiday(j, hol_count, hols)); ++guard)
-        ++j;
-    return j == orvel::cal::jdn(x);
+    if (!orvel::is_given(x) || occur < 0 || occur > 5 || dow < 1 || dow > 7) return false;
+    const int32_t day = orvel::cal::weekday_of_month(x.m, x.y, occur, dow);
+    return day != 0 && orvel::cal::roll(orvel::cal::jdn(x.m, day, x.y), 1, {hols, hol_count}) == orvel::cal::jdn(x);
 }
 
 Check& weekday_rule_codes(Check& check, int32_t occur, int32_t dow) {
