@@ -2,9 +2,8 @@
 // interest cost.
 #include <cmath>
 
-#include "bond/solver.hpp"
 #include "cashflow/tvm.hpp"
-#include "perf/flows.hpp"
+#include "perf/solves.hpp"
 
 namespace {
 
@@ -70,11 +69,18 @@ ORVEL_EXPORT(double) debt_tic(double proceeds, int32_t n, const double* srvc, in
                               .call(0, ok_cpn_freq, freq)
                               .ok())
         return 0.0;
+    uint32_t err = 0;
+    const double y = orvel::perf::true_interest_cost(proceeds, n, srvc, freq, &err);
+    return err != 0 ? orvel::perf::fail0(err_code, err) : y;
+}
+
+double orvel::perf::true_interest_cost(double proceeds, int32_t n, const double* srvc, int32_t freq, uint32_t* err,
+                                       SolveStats* stats) {
     // proceeds = sum of srvc[k] / (1 + y / (100 freq))^(k + 1), the residual per 100 of proceeds.
     const double f = 100.0 * freq;
     auto residual = [&](double y, uint32_t* e) {
         const double base = 1.0 + y / f;
-        if (!(base > 0.0)) return orvel::perf::fail0(e, ORVEL_E_NEG_BASE);
+        if (!(base > 0.0)) return fail0(e, ORVEL_E_NEG_BASE);
         const double v = 1.0 / base;
         double value = 0.0, discount = 1.0;
         for (int32_t k = 0; k < n; ++k) {
@@ -84,7 +90,5 @@ ORVEL_EXPORT(double) debt_tic(double proceeds, int32_t n, const double* srvc, in
         return (proceeds - value) / proceeds * 100.0;
     };
     const double start[3] = {10.0, 9.0, 11.0};
-    uint32_t err = 0;
-    const double y = orvel::solve3(start, residual, orvel::ResidualBelow{5e-9}, &err);
-    return err != 0 ? orvel::perf::fail0(err_code, err) : y;
+    return solve3(start, residual, ResidualBelow{5e-9}, err, stats);
 }

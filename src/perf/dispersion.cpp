@@ -28,7 +28,7 @@ ORVEL_EXPORT(double) std_dev(const double* vals, int32_t n, int32_t sd_kind, dou
     for (int32_t k = 0; k < n; ++k) sum += vals[k];
     const double m = sum / n;
     // Two passes: the squares of the deviations from the mean, less the square of their sum / n, which
-    // takes out what the rounding of the mean left in them. Values near 1e6 that differ by hundredths keep
+    // takes out what the rounding of the mean left in them (and corrects the mean written). Values near 1e6 that differ by hundredths keep
     // their digits (a sum of squares less n mean^2 would cancel all of them).
     double squares = 0.0, deviations = 0.0;
     for (int32_t k = 0; k < n; ++k) {
@@ -37,7 +37,7 @@ ORVEL_EXPORT(double) std_dev(const double* vals, int32_t n, int32_t sd_kind, dou
         deviations += dev;
     }
     const double s = std::fmax(squares - deviations * deviations / n, 0.0);
-    *mean = m;
+    *mean = m + deviations / n;  // the mean's own rounding, put back
     return std::sqrt(s / (sd_kind == 1 ? n : n - 1.0));
 }
 

@@ -2,9 +2,8 @@
 // rate that grows them into the ending value.
 #include <cmath>
 
-#include "bond/solver.hpp"
 #include "core/power.hpp"
-#include "perf/flows.hpp"
+#include "perf/solves.hpp"
 
 namespace {
 
@@ -57,6 +56,24 @@ void write_times(const Period& p, const FlowList& f, double* times) {
 
 }  // namespace
 
+double orvel::perf::money_weighted(int32_t day_type, int32_t flow_day, int32_t prec, Date end, double end_val,
+                                   const FlowList& f, uint32_t* err, SolveStats* stats) {
+    Period p{};
+    int32_t days = 0;
+    if (!period_of(day_type, flow_day, end, f, &p, &days, err)) return 0.0;
+    // end_val = sum of amts[k] (1 + y/100)^-time[k]: each flow grown to the end date. The times are worked
+    // out again at each step rather than kept, so that the caller's times are written only on success.
+    auto residual = [&](double y, uint32_t* e) {
+        const double base = 1.0 + y / 100.0;
+        if (base < 0.0) return fail0(e, ORVEL_E_NEG_BASE);
+        double value = 0.0;
+        for (int32_t k = 0; k < f.n; ++k) value += f.amts[k] * orvel::pow(base, -p.time(f.date(k)));
+        return end_val - value;
+    };
+    const double start[3] = {10.0, 9.0, 11.0};
+    return solve3(start, residual, ResidualBelow{orvel::pow(10.0, -(prec + 1.0))}, err, stats);
+}
+
 ORVEL_EXPORT(int32_t) pcnts_of_per(int32_t day_type, int32_t flow_day, int32_t end_m, int32_t end_d, int32_t end_y,
                                    int32_t n_flows, const int32_t* cf_m, const int32_t* cf_d, const int32_t* cf_y,
                                    double* times_out, int32_t validate, uint32_t* err_code) {
@@ -92,22 +109,12 @@ ORVEL_EXPORT(double) aimr_rmodbai(int32_t day_type, int32_t flow_day, int32_t pr
                               .expect(rsrv_i == 0 && rsrv_d == 0.0, ORVEL_E_RESERVED)
                               .ok())
         return 0.0;
+    uint32_t err = 0;
+    const double y = orvel::perf::money_weighted(day_type, flow_day, prec, end, end_val, f, &err);
+    if (err != 0) return orvel::perf::fail0(err_code, err);
     Period p{};
     int32_t days = 0;
-    if (!period_of(day_type, flow_day, end, f, &p, &days, err_code)) return 0.0;
-    // end_val = sum of flows[k] (1 + y/100)^-times[k]: each flow grown to the end date. The times are worked
-    // out again at each step rather than kept, so that times_out is written only once the return is known.
-    auto residual = [&](double y, uint32_t* e) {
-        const double base = 1.0 + y / 100.0;
-        if (base < 0.0) return orvel::perf::fail0(e, ORVEL_E_NEG_BASE);
-        double value = 0.0;
-        for (int32_t k = 0; k < n_flows; ++k) value += flows[k] * orvel::pow(base, -p.time(f.date(k)));
-        return end_val - value;
-    };
-    const double start[3] = {10.0, 9.0, 11.0};
-    uint32_t err = 0;
-    const double y = orvel::solve3(start, residual, orvel::ResidualBelow{orvel::pow(10.0, -(prec + 1.0))}, &err);
-    if (err != 0) return orvel::perf::fail0(err_code, err);
+    period_of(day_type, flow_day, end, f, &p, &days, &err);
     write_times(p, f, times_out);
     return y;
 }
