@@ -1,6 +1,6 @@
-// The annuity rate solve: tvm_iy on 64 loans and savings plans (1 to 30 years, 1 to 52 payments a year,
-// rates 0.5 to 20% a year, payments at the start or the end), one per iteration in turn, with validation
-// on and off; the counter evals_per_solve gives the residual evaluations each solve performs. The closed
+// The annuity rate solve: tvm_iy on 64 loans with and without a balloon (1 to 30 years, 1 to 52 payments a
+// year, rates 0.5 to 20% a year, payments at the start or the end), one per iteration in turn, with
+// validation on and off; the counter evals_per_solve gives the residual evaluations each solve performs. The closed
 // form tvm_pmt alongside for scale.
 #include <benchmark/benchmark.h>
 
@@ -27,8 +27,8 @@ const std::vector<Loan>& loans() {
             l.due = (k / 5) % 2;
             l.n = l.ppy * (1.0 + (k * 7) % 30);
             l.iy = 0.5 + (k * 13 % 40) * 0.5;
-            l.pv = k % 3 == 0 ? 0.0 : 1000.0 * (1 + k);
-            l.fv = k % 3 == 1 ? 0.0 : -250.0 * (1 + k % 7);
+            l.pv = 1000.0 * (1 + k);            // a loan received
+            l.fv = -0.1 * (k % 4) * l.pv;       // and a balloon of 0 to 30% of it repaid at the end
             uint32_t err = 0;
             l.pmt = tvm_pmt(l.fv, l.pv, l.iy, l.n, l.ppy, l.ppy, l.due, 1, &err);
             v.push_back(l);

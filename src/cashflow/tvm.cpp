@@ -12,6 +12,9 @@
 namespace orvel::tvm {
 
 double rate_tolerance(double fv, double pv) {
+    // 5 x 10^(e - 13) for e = 3 .. 22 as literals (each the double nearest its value).
+    static constexpr double tolerance[] = {5e-10, 5e-9, 5e-8, 5e-7, 5e-6, 5e-5, 5e-4, 5e-3, 5e-2, 5e-1,
+                                           5e0,   5e1,  5e2,  5e3,  5e4,  5e5,  5e6,  5e7,  5e8,  5e9};
     const double m = std::fmax(std::fabs(fv), std::fabs(pv));
     // Decimal digits before the point: 10^e <= m < 10^(e+1). Powers up to 10^22 are exact products;
     // beyond them the library's power gives the double nearest 10^e.
@@ -21,7 +24,7 @@ double rate_tolerance(double fv, double pv) {
         ++e;
         next = e < 22 ? next * 10.0 : orvel::pow(10.0, e + 1);
     }
-    return e <= 3 ? 5e-10 : 5.0 * orvel::pow(10.0, e - 13);
+    return e <= 22 ? tolerance[e - 3] : 5.0 * orvel::pow(10.0, e - 13);
 }
 
 namespace {
