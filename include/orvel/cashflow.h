@@ -58,10 +58,14 @@ ORVEL_EXPORT(double) tvm_n(double fv, double pmt, double pv, double iy, int32_t 
  *   - below about 0.1% a period rounding does not always let the residual reach tol: a candidate that comes
  *     back unchanged (the same value twice in a row) with a residual within 1,000 units in the last place
  *     of the largest of |fv|, |pmt| and |pv| is then taken as converged.
- * A rate of 0 has no solution here (682): use the closed forms.
+ * The residual is evaluated without the cancellation of 1 - (1+i)^-n, so the tolerance is reached down to
+ * rates of 0.0001% a period. A rate of 0 has no solution here (it ends in 682 or 9020): use the closed
+ * forms.
  * Validation: 680 ppy below 1; 15201 fv, 15202 pmt, 15203 pv, 15205 n not finite; 681 when the amounts
- * cannot have a rate: pmt <= 1e-10 with pv < -1e-10 or fv > 1e-10, or pmt > 1e-10 with pv > 1e-10 or
- * fv < -1e-10 (a payment and both amounts pointing the same way).
+ * are not those of a loan: pmt <= 1e-10 with pv < -1e-10 or fv > 1e-10, or pmt > 1e-10 with pv > 1e-10 or
+ * fv < -1e-10. This test takes pv as the amount on the other side of the payments and fv as a balloon on
+ * their side, so it also refuses a savings plan (pv = 0, fv opposite to pmt), which has a rate: solve one
+ * with validate = 0 (pmt -100, fv 1268.25, 12 periods: 1% a period).
  * Errors always checked: 682 a candidate rate with 1 + i or |i| below 1e-10; 9020 the solve failed (a
  * degenerate step, a value not finite, a candidate repeated with a residual above the rounding bound, or
  * 1,000 steps; amounts of one sign without validation end in 682 or 9020). */
