@@ -53,13 +53,14 @@
  * No number built on a base can reach another meaning, because every part added to a base is bounded:
  *   a role 1..9 on 1100, 1200, 1300, 1500;        two roles 11..99 on 2000 and 2100, 31 or 36 on 2200;
  *   +1 for a code of -1 on 500, 590, 600;          4000 + a given kind 1..22;
- *   4100 + 1 (a coupon amount);                    4300 + 1 or 2 (the first or second tax rate);
+ *   4100 + 1 (a coupon amount) or 8 (a risk-free rate); 4200 + 1 (a redemption to discount);
+ *   4300 + 1 or 2 (the first or second tax rate);  16000 + a flow index 0..999 (a flow after the period);
  *   4800 + least, for a least of 0..299 only (4800..5099): ok_days_per writes 4750 for any other least;
  *   12000 + index, for indexes 0..999 only (12000..12999): every function that reports a bad list date by
  *   its index refuses a list longer than ORVEL_DATE_LIST_MAX (1000) dates with 14010 (ok_sf_in: 14300)
  *   before it checks any date of the list. Without validation nothing is reported by index and no length bound
  *   applies; the sorts report a bad date by the number of ok_MDY and take a list of any length.
- * The rows 501, 591, 601, 2057, 2097, 2179, 2191, 2199, 4101, 4301 and 4302 are built numbers whose
+ * The rows 501, 591, 601, 2057, 2097, 2179, 2191, 2199, 4013, 4101, 4108, 4201, 4301 and 4302 are built numbers whose
  * meaning is spelled out for the one check that writes them.
  *
  * One row per number: constant, number, meaning. The table is append-only. */
@@ -224,7 +225,46 @@
     X(ORVEL_E_HOL_INSERT_WEEKEND, 5303, "holiday to insert falls on a Saturday or Sunday")         \
     X(ORVEL_E_NOT_BUSINESS_DAY, 14000, "date is not a business day")                               \
     X(ORVEL_E_EXD_RULE, 965, "ex-dividend rule not 1, 2 or 3")                                     \
-    X(ORVEL_E_HOL_FULL, 15700, "holiday table full: 3000 entries, no room to insert")
+    X(ORVEL_E_HOL_FULL, 15700, "holiday table full: 3000 entries, no room to insert")              \
+    X(ORVEL_E_CPY, 675, "compounding periods a year (cpy) below 1")                                \
+    X(ORVEL_E_PPY, 680, "payment periods a year (ppy) below 1")                                    \
+    X(ORVEL_E_NO_RATE, 681, "no interest rate gives these cash flows (payment and amounts of one sign)") \
+    X(ORVEL_E_RATE_DOMAIN, 682, "a candidate rate has 1 + rate or |rate| below 1e-10")             \
+    X(ORVEL_E_FACTOR_ZERO, 8000, "compound factor exactly 0: no present value")                    \
+    X(ORVEL_E_REDEMPTN_PV, 4201, "redemption value not positive")                                  \
+    X(ORVEL_E_FV, 15201, "future value (fv) not a finite number")                                  \
+    X(ORVEL_E_PMT, 15202, "payment (pmt) not a finite number")                                     \
+    X(ORVEL_E_PV, 15203, "present value or amount not a finite number")                            \
+    X(ORVEL_E_RATE, 15204, "interest rate not a finite number")                                    \
+    X(ORVEL_E_PERIODS, 15205, "number of periods not a finite number")                             \
+    X(ORVEL_E_CMPD_FREQ, 15206, "compounding frequency not above 0")                               \
+    X(ORVEL_E_AMORT_ROWS, 15210, "amortization table rows outside 0..100000")                      \
+    X(ORVEL_E_AMORT_SHORT, 15211, "amortization table has fewer rows than whole periods in n")     \
+    X(ORVEL_E_RESERVED, 630, "a reserved argument is not zero")                                    \
+    X(ORVEL_E_DIETZ_DENOM, 710, "Modified Dietz denominator below 1e-7 in magnitude")              \
+    X(ORVEL_E_BEGIN_VAL, 720, "beginning value not above 1e-7, or fewer than two values")          \
+    X(ORVEL_E_END_VAL, 730, "ending value not above 1e-7 (or rejected by the return solve)")       \
+    X(ORVEL_E_ZERO_BASE, 740, "a beginning value below 1e-7, or a total weight of zero")           \
+    X(ORVEL_E_SD_COUNT, 760, "fewer than two values for a standard deviation")                     \
+    X(ORVEL_E_BETA, 770, "beta below 1e-7 in magnitude")                                           \
+    X(ORVEL_E_FLOW_DAY, 810, "flow-day flag not 0 or 1")                                           \
+    X(ORVEL_E_SD_KIND, 830, "standard deviation kind not -1, 0 or 1")                              \
+    X(ORVEL_E_NO_DISPERSION, 9030, "weighted variance below 1e-7: no measurable dispersion")       \
+    X(ORVEL_E_SHORT_PERIOD, 10100, "the period is shorter than one day")                           \
+    X(ORVEL_E_FLOW_OUTSIDE, 14210, "a flow dated before the beginning or after the end of the period") \
+    X(ORVEL_E_NO_FLOWS, 14250, "fewer than one flow")                                              \
+    X(ORVEL_E_RF_RATE, 4108, "risk-free rate outside 0..3000")                                     \
+    X(ORVEL_E_SD_SMALL, 4013, "standard deviation below 1e-7")                                     \
+    X(ORVEL_E_PERF_COUNT, 15400, "more values than the maximum of 100000")                         \
+    X(ORVEL_E_PERF_VALUE, 15401, "a return, value, amount or flow not a finite number")            \
+    X(ORVEL_E_RETURN, 15402, "a return below -100 percent")                                        \
+    X(ORVEL_E_PREC, 15403, "decimal places (prec) outside 0..12")                                  \
+    X(ORVEL_E_PRINCIPAL, 15410, "proceeds or principal not above 0")                               \
+    X(ORVEL_E_DEBT_PERIODS, 15411, "number of periods outside 1..100000")                          \
+    X(ORVEL_E_DEBT_SRVC, 15412, "a debt service or principal amount negative or not finite")       \
+    X(ORVEL_E_FX_RATE, 15420, "exchange rate not above 0")                                         \
+    X(ORVEL_E_FX_DEP_RATE, 15421, "deposit rate not finite, or its interest to the forward date below -100 percent") \
+    X(ORVEL_E_FX_DAYS, 15422, "days to the forward date outside 0..36600")
 
 #define ORVEL_ERROR_ENUM_(name, number, meaning) name = number,
 enum orvel_error { ORVEL_ERROR_TABLE(ORVEL_ERROR_ENUM_) };
@@ -239,6 +279,9 @@ enum orvel_error { ORVEL_ERROR_TABLE(ORVEL_ERROR_ENUM_) };
 /* The longest date list that a function reporting a bad date by its index (12000 + index) takes: MDY_maint
  * with validate, ok_flt_cpns, ok_flt_rcs and ok_sf_in. */
 #define ORVEL_DATE_LIST_MAX 1000
+/* A flow dated after the end of the period of a money-weighted return: 16000 + the flow's index (0..999;
+ * the list is refused beyond ORVEL_DATE_LIST_MAX flows with 14010 first). */
+#define ORVEL_E_FLOW_AFTER_END_BASE 16000
 
 /* Date roles, added to a date error by the composite validators. */
 enum orvel_role {

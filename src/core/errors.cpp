@@ -105,6 +105,10 @@ void describe(Writer& w, uint32_t number) {
         w.put("bad date at index ").put(number - ORVEL_E_DATE_LIST_BASE).put(" of a date list");
         return;
     }
+    if (number >= ORVEL_E_FLOW_AFTER_END_BASE && number < ORVEL_E_FLOW_AFTER_END_BASE + ORVEL_DATE_LIST_MAX) {
+        w.put("flow ").put(number - ORVEL_E_FLOW_AFTER_END_BASE).put(" dated after the end of the period");
+        return;
+    }
     if (number > ORVEL_E_GIVEN_BASE && number <= ORVEL_E_GIVEN_BASE + 22) {
         const uint32_t kind = number - ORVEL_E_GIVEN_BASE;
         w.put("given ").put(given_kind(kind)).put(" invalid for its kind (given_type ").put(kind).put(")");

@@ -1,0 +1,107 @@
+// The five-key annuity arithmetic: the rate per payment period, the closed forms of future value, present
+// value, payment and number of periods, and the rate solve. They validate nothing; every amount follows the
+// time-value equation pv (1+i)^n + pmt (1 + i d) ((1+i)^n - 1) / i + fv = 0, d = 1 for payments at the
+// start of each period. Shared by the time-value exports and the debt-service measures.
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+
+#include "bond/solver.hpp"
+#include "core/power.hpp"
+
+namespace orvel::tvm {
+
+// The payment timing factor: 1 for payments at the start of each period (due = 1), 0 otherwise.
+inline double due_factor(int32_t due) { return due == 1 ? 1.0 : 0.0; }
+
+// Effective rate per payment period of iy percent a year compounded cpy times: iy / (100 ppy) when the
+// two frequencies agree, else (1 + iy / (100 cpy))^(cpy / ppy) - 1. Frequencies divide as doubles.
+inline double epi_of(double iy, int32_t cpy, int32_t ppy) {
+    if (cpy == ppy) return iy / (static_cast<double>(ppy) * 100.0);
+    return orvel::pow(1.0 + iy * 0.01 / cpy, static_cast<double>(cpy) / ppy) - 1.0;
+}
+
+// iy percent a year back from the rate per payment period: the inverse of epi_of.
+inline double iy_of(double epi, int32_t cpy, int32_t ppy) {
+    if (cpy == ppy) return epi * ppy * 100.0;
+    return 100.0 * cpy * (orvel::pow(1.0 + epi, static_cast<double>(ppy) / cpy) - 1.0);
+}
+
+// (1 + i)^n with the rounding of 1 + i put back: u^n (1 + n e / u), u = 1 + i rounded and e = i - (u - 1)
+// what the rounding dropped. Without it a rate of 0.5% a period over 360 periods is off by 40 units in the
+// last place (the rounding of 1.005 raised to the 360th power).
+inline double growth(double i, double n) {
+    const double u = 1.0 + i;
+    const double e = i - (u - 1.0);
+    return orvel::pow(u, n) * (1.0 + n * e / u);
+}
+
+// With A = pmt (1 + i d) / i: fv = A - (1+i)^n (A + pv); at i = 0 exactly, -(n pmt + pv).
+inline double future_value(double i, double pmt, double pv, double n, double d) {
+    if (i == 0.0) return -(n * pmt + pv);
+    const double a = pmt * (1.0 + i * d) / i;
+    return a - growth(i, n) * (a + pv);
+}
+
+// pv = (A - fv) / (1+i)^n - A; at i = 0 exactly, -(n pmt + fv).
+inline double present_value(double i, double pmt, double fv, double n, double d) {
+    if (i == 0.0) return -(n * pmt + fv);
+    const double a = pmt * (1.0 + i * d) / i;
+    return (a - fv) / growth(i, n) - a;
+}
+
+// pmt = -(i / (1 + i d)) (pv + (pv + fv) / ((1+i)^n - 1)); at i = 0 exactly, -(pv + fv) / n.
+inline double payment(double i, double pv, double fv, double n, double d) {
+    if (i == 0.0) return -(pv + fv) / n;
+    return -(i / (1.0 + i * d)) * (pv + (pv + fv) / (growth(i, n) - 1.0));
+}
+
+// n = ln((B - i fv) / (B + i pv)) / ln(1+i) with B = (1 + i d) pmt; at i = 0 exactly, -(pv + fv) / pmt.
+// A ratio that is not positive gives NaN (no such number of periods), left to the caller.
+inline double periods(double i, double pmt, double pv, double fv, double d) {
+    if (i == 0.0) return -(pv + fv) / pmt;
+    const double b = (1.0 + i * d) * pmt;
+    return orvel::log((b - i * fv) / (b + i * pv)) / orvel::log(1.0 + i);
+}
+
+// (1+i)^-n - 1 without the cancellation of the plain form where (1+i)^-n is near 1: there the difference
+// is e^x - 1 with x = -n ln(1+i), both from their series (to about 1e-19 relative for |i|, |x| < 0.01).
+// Where |n i| >= 0.01 the plain form loses at most 7 bits, which the rate solve's tolerance allows, once
+// the rounding of 1 + i is put back (growth): uncorrected, it shifts a rate of 0.01% by 1e-12 of itself.
+inline double discount_m1(double i, double n) {
+    if (std::fabs(n * i) >= 0.01) return growth(i, -n) - 1.0;
+    double ln1p = 0.0;
+    if (std::fabs(i) < 0.01) {
+        ln1p = i * (1.0 + i * (-1.0 / 2 + i * (1.0 / 3 + i * (-1.0 / 4 + i * (1.0 / 5 + i * (-1.0 / 6 +
+                   i * (1.0 / 7 + i * (-1.0 / 8 + i * (1.0 / 9)))))))));
+    } else {
+        const double u = 1.0 + i;  // the ratio corrects the rounding of 1 + i
+        ln1p = orvel::log(u) * (i / (u - 1.0));
+    }
+    const double x = -n * ln1p;
+    return x * (1.0 + x * (1.0 / 2 + x * (1.0 / 6 + x * (1.0 / 24 + x * (1.0 / 120 + x * (1.0 / 720 +
+               x * (1.0 / 5040 + x * (1.0 / 40320))))))));
+}
+
+// The rate solve's residual: minus the present value of everything at rate i,
+// -((1 - (1+i)^-n) / i (1 + i d) pmt + fv (1+i)^-n + pv), with 1 - (1+i)^-n from discount_m1: at 0.01% a
+// period the plain form loses a third of its digits, more than the tolerance allows.
+inline double rate_residual(double i, double fv, double pmt, double pv, double n, double d) {
+    const double g = discount_m1(i, n);  // (1+i)^-n - 1
+    return -(-g / i * (1.0 + i * d) * pmt + fv * (1.0 + g) + pv);
+}
+
+// The residual tolerance of the rate solve: 5e-10 while the larger of |fv| and |pv| is below 10^4, and
+// 5 x 10^(e - 13) once it has e >= 4 decimal digits before the point (1e6 gives 5e-7).
+double rate_tolerance(double fv, double pv);
+
+// The rate per period that solves the time-value equation, on the shared three-point solver from 10%, 9%
+// and 11% a year spread over ppy periods. A candidate with 1 + i or |i| below 1e-10 ends the solve with
+// 682. Converged when the residual is below rate_tolerance, or when the candidate comes back unchanged
+// with a residual within 1,000 units in the last place of the largest of |fv|, |pmt|, |pv| (the tolerance
+// is then below what rounding resolves); else 9020. Writes the error and returns 0.0 on failure.
+double solve_epi(double fv, double pmt, double pv, double n, int32_t ppy, int32_t due, uint32_t* err,
+                 SolveStats* stats = nullptr);
+
+}  // namespace orvel::tvm
