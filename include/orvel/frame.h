@@ -181,7 +181,16 @@
     X(ORVEL_E_FRN_NEXT_RST, 2179, "settlement not before the next reset date")                     \
     X(ORVEL_E_FRN_RST_ORDER, 2199, "last reset date not before the next reset date")               \
     X(ORVEL_E_LIST_LENGTH, 14010, "date list longer than 1000 dates")                              \
-    X(ORVEL_E_DAYS_PER_BELOW, 4750, "days in the period below the least given (a least outside 0..299)")
+    X(ORVEL_E_DAYS_PER_BELOW, 4750, "days in the period below the least given (a least outside 0..299)") \
+    X(ORVEL_E_PPR_SCHED, 7200, "scheduled factor (starting factor times the balance ratio) not positive") \
+    X(ORVEL_E_GPM_YEARS, 10030, "more loan years than the payment array holds")                   \
+    X(ORVEL_E_MTH1, 11600, "starting month outside 0..remaining term - 1")                        \
+    X(ORVEL_E_MTH2, 11700, "ending month outside 0..remaining term - 1")                          \
+    X(ORVEL_E_ONE_MONTH, 11800, "the two months are not one month apart")                         \
+    X(ORVEL_E_MTG_LONG, 15500, "term beyond 600 months, or an age or month outside the term")     \
+    X(ORVEL_E_MTG_COUNT, 15501, "number of observations or speeds outside its range")             \
+    X(ORVEL_E_MTG_ORDER, 15502, "months not increasing")                                           \
+    X(ORVEL_E_MTG_NONFINITE, 15503, "the loan's terms give no finite result")
 
 #define ORVEL_ERROR_ENUM_(name, number, meaning) name = number,
 enum orvel_error { ORVEL_ERROR_TABLE(ORVEL_ERROR_ENUM_) };
