@@ -56,7 +56,7 @@ ORVEL_EXPORT(double) mbs_m_bal(int32_t orig_term, int32_t wam, double cpn_rate, 
  * L = orig_term - grad_mths, pmts[0] = 100 r / ((1 - q^-L)(G/Q)^k + (1 - (G/Q)^k)/(1 - G/Q) (1 - 1/Q)),
  * pmts[y] = pmts[y-1] G for y = 1 .. trunc(k), later years level. For a whole number of graduated years the
  * payments amortize the loan exactly; a rate of 0 gives NaN. FHA plan III (7.5 %, 60 months) at 9 % over
- * 360 months: 5.9901... rising to 8.5995... in year 6 (a monthly payment per 100).
+ * 360 months pays 0.607882 a month per 100 in year 1, rising to 0.872694 from year 6.
  * Validation: 6401/6402 orig_term, 4100 cpn_rate, 11501/11502 grad_mths (0..orig_term), 11501 grad_rate.
  * Always: 15500 orig_term outside 1..600; 10030 Y above max_yrs (pmts untouched).
  * Returns Y, the number of payments written; 0 on failure. */
