@@ -33,8 +33,9 @@
  * for a graduated loan 11501/11502 grad_mths (0..orig_term) and 11501 grad_rate (>= 0), 6501/6502 age,
  * 7001 cpr (0..100), then the given value (200 given_type not 1 or 2, 4001 a yield of 0 or not finite, 4002
  * a price outside (0, 10000]). Always: 15500 orig_term outside 1..600 or age outside 0 .. orig_term - 1;
- * 4090 when 1 + y/200 is not above 0; 15503 when the terms give no finite result (a graduation rate
- * equal to the note rate compounded over a year); a yield from price solves from 10, 9 and 11 % to within
+ * 4090 when 1 + y/200 is not above 0; 15503 when the terms give no finite result (graduated payments
+ * that overflow, or a graduation rate equal to the note rate compounded over a year, where the first-year
+ * payment is 0/0); a yield from price solves from 10, 9 and 11 % to within
  * 5e-7 of the price, 9020 when the solve fails.
  */
 

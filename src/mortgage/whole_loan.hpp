@@ -41,8 +41,7 @@ inline bool valid_loan(const LoanTerms& t, int32_t validate, uint32_t* err_code)
            orvel::fail(err_code, ORVEL_E_MTG_LONG);
 }
 
-// A result the arithmetic could not give as a number (a graduation rate equal to the note rate compounded
-// over the year, say): 15503.
+// A result the arithmetic could not give as a number (graduated payments that overflow, say): 15503.
 inline bool finite_result(double x, uint32_t* err_code) {
     return std::isfinite(x) || orvel::fail(err_code, ORVEL_E_MTG_NONFINITE);
 }
