@@ -240,7 +240,6 @@
     X(ORVEL_E_CMPD_FREQ, 15206, "compounding frequency not above 0")                               \
     X(ORVEL_E_AMORT_ROWS, 15210, "amortization table rows outside 0..100000")                      \
     X(ORVEL_E_AMORT_SHORT, 15211, "amortization table has fewer rows than whole periods in n")     \
-    X(ORVEL_E_RESERVED, 630, "a reserved argument is not zero")                                    \
     X(ORVEL_E_DIETZ_DENOM, 710, "Modified Dietz denominator below 1e-7 in magnitude")              \
     X(ORVEL_E_BEGIN_VAL, 720, "beginning value not above 1e-7, or fewer than two values")          \
     X(ORVEL_E_END_VAL, 730, "ending value not above 1e-7 (or rejected by the return solve)")       \
@@ -264,7 +263,16 @@
     X(ORVEL_E_DEBT_SRVC, 15412, "a debt service or principal amount negative or not finite")       \
     X(ORVEL_E_FX_RATE, 15420, "exchange rate not above 0")                                         \
     X(ORVEL_E_FX_DEP_RATE, 15421, "deposit rate not finite, or its interest to the forward date below -100 percent") \
-    X(ORVEL_E_FX_DAYS, 15422, "days to the forward date outside 0..36600")
+    X(ORVEL_E_FX_DAYS, 15422, "days to the forward date outside 0..36600")                         \
+    X(ORVEL_E_PPR_SCHED, 7200, "scheduled factor (starting factor times the balance ratio) not positive") \
+    X(ORVEL_E_GPM_YEARS, 10030, "more loan years than the payment array holds")                    \
+    X(ORVEL_E_MTH1, 11600, "starting month outside 0..remaining term - 1")                         \
+    X(ORVEL_E_MTH2, 11700, "ending month outside 0..remaining term - 1")                           \
+    X(ORVEL_E_ONE_MONTH, 11800, "the two months are not one month apart")                          \
+    X(ORVEL_E_MTG_LONG, 15500, "term beyond 600 months, or an age or month outside the term")      \
+    X(ORVEL_E_MTG_COUNT, 15501, "number of observations or speeds outside its range")              \
+    X(ORVEL_E_MTG_ORDER, 15502, "months not increasing")                                           \
+    X(ORVEL_E_MTG_NONFINITE, 15503, "the loan's terms give no finite result")
 
 #define ORVEL_ERROR_ENUM_(name, number, meaning) name = number,
 enum orvel_error { ORVEL_ERROR_TABLE(ORVEL_ERROR_ENUM_) };
