@@ -145,7 +145,7 @@
     X(ORVEL_E_PCNT_SPD2, 7002, "prepayment speed invalid for the model")                           \
     X(ORVEL_E_PCNT_SPD3, 7003, "prepayment speed invalid for the model")                           \
     X(ORVEL_E_PCNT_SPD4, 7004, "prepayment speed invalid for the model")                           \
-    X(ORVEL_E_CONV_RATE, 7100, "conversion rate not positive")                                     \
+    X(ORVEL_E_CONV_RATE, 7100, "conversion rate not positive, or (mtg_ppr) ending month not after the starting one") \
     X(ORVEL_E_LIST_ORDER1, 7701, "first date list not in ascending order")                         \
     X(ORVEL_E_LIST_ORDER2, 7702, "second date list not in ascending order")                        \
     X(ORVEL_E_ER_IN, 8510, "effective-rate inputs invalid")                                        \

@@ -15,7 +15,7 @@ namespace {
 // The term on which mtg_ppr values balances.
 constexpr int32_t ppr_term = 360;
 // mtg_ppr's number for an ending month not after the starting one (shared with ok_conv_rate).
-constexpr uint32_t ppr_months_error = 7100;
+constexpr uint32_t ppr_months_error = ORVEL_E_CONV_RATE;  // 7100, shared with the conversion rate
 
 // Scheduled balance per 100 of the original after `age` payments of a level loan; straight-line at 0 %.
 double level_balance(int32_t term, int32_t age, double cpn_rate) {

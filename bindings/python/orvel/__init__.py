@@ -11,7 +11,8 @@ documentation), without the output pointers and err_code:
 - an input array is a sequence; its count argument is taken from its length and not passed;
 - the capacity of an output array is passed; the output comes back as a list of that many elements;
 - `validate` defaults to 1; a code may be given by its name in orvel.codes (orvel.codes.ACT_ACT).
-A call with outputs returns a named tuple (result first, when the export has one); a call without returns
+A call with outputs returns a named tuple (result first, when the export has one; `returned` when an
+output is itself named result); a call without returns
 its result. A call that sets err_code raises orvel.Error, which carries the number and its meaning.
 
 orvel.vectorized.NAME(...) runs an export over whole NumPy columns in one C call (see that module).
@@ -95,6 +96,11 @@ def list_name(name):
     return name[:-1] if name.endswith("_") and keyword.iskeyword(name[:-1]) else name
 
 
+def result_field(outputs):
+    """The field of the function's own result: `result`, or `returned` when an output is named result."""
+    return "returned" if "result" in outputs else "result"
+
+
 def _typed_args(args):
     """The arguments a caller passes: not outputs, not err_code, not the counts of input arrays."""
     derived = {count for _, kind, count, _ in args if count and kind in ("i32[]", "f64[]", "io_i32[]", "io_f64[]")}
@@ -113,7 +119,7 @@ def _bind(name, listed):
                                 default=1 if n == "validate" == last else inspect.Parameter.empty) for n, _ in typed]
     signature = inspect.Signature(params)
     outputs = [n for n, kind, _, _ in args if kind in OUTPUT_KINDS]
-    fields = (["result"] if result_kind != "void" else []) + outputs
+    fields = ([result_field(outputs)] if result_kind != "void" else []) + outputs
     Result = collections.namedtuple(f"{name}_result", fields) if outputs else None
 
     def call(*a, **kw):

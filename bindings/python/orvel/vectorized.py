@@ -16,7 +16,7 @@ import pathlib
 
 import numpy as np
 
-from . import CODES, EXPORTS, LIBRARY_DIR, _typed_args, list_name, to_mdy
+from . import CODES, EXPORTS, LIBRARY_DIR, _typed_args, list_name, result_field, to_mdy
 
 _vector = None
 
@@ -79,7 +79,7 @@ def _bind(name, listed):
         return None
     typed = [n for n, _ in _typed_args(args)]
     outputs = [(n, kind) for n, kind, _, _ in args if kind.startswith(("out_", "io_"))]
-    head = ["result"] if result_kind != "void" else []
+    head = [result_field([n for n, _ in outputs])] if result_kind != "void" else []
     Result = collections.namedtuple(f"{name}_columns", head + [n for n, _ in outputs] + ["err_code"])
 
     def call(*a, **kw):
