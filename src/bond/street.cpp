@@ -5,6 +5,7 @@
 #include "bond/kernels.hpp"
 #include "bond/price_yield.hpp"
 #include "bond/street.hpp"
+#include "calendar/business.hpp"
 #include "core/check.hpp"
 #include "core/power.hpp"
 #include "orvel/bond.h"
@@ -14,33 +15,6 @@ namespace {
 using orvel::Date;
 using orvel::bond::Reduced;
 
-constexpr int32_t max_holidays = 3000;
-
-// Whether julian day j is in the holiday table. The table is searched by halving, which ends on any table
-// (an unsorted one, unvalidated, only answers wrongly).
-bool is_holiday(int64_t j, int32_t hol_count, const int32_t* holidays) {
-    int32_t lo = 0, hi = hol_count;
-    while (lo < hi) {
-        const int32_t mid = lo + (hi - lo) / 2;
-        if (holidays[mid] == j) return true;
-        if (holidays[mid] < j) lo = mid + 1;
-        else hi = mid;
-    }
-    return false;
-}
-
-// The following business day: a Saturday, a Sunday or a holiday moves on to the next day that is none of
-// them. Ends within the table's length plus the weekends between, since only listed days hold it back.
-int64_t following_business_day(int64_t j, int32_t hol_count, const int32_t* holidays) {
-    for (;;) {
-        const int32_t wd = orvel::cal::weekday(j);
-        if (wd == 6) j += 2;
-        else if (wd == 7) j += 1;
-        else if (is_holiday(j, hol_count, holidays)) j += 1;
-        else return j;
-    }
-}
-
 // The payments of a reduced schedule with the delay of each: flow k falls on its coupon date (the odd
 // first coupon on the first coupon date, the others stepped back from maturity) and is paid
 // delay(k) coupon periods later, the days it is rolled over the actual days of the period it ends.
@@ -48,8 +22,8 @@ struct Payments {
     Date mat, first_cpn;
     bool before_first;
     Reduced r;
-    int32_t cpn_freq, eom, hol_count;
-    const int32_t* holidays;
+    int32_t cpn_freq, eom;
+    orvel::cal::Holidays holidays;
 
     Date due(int32_t k, int32_t back) const {
         if (k == 0 && before_first) return orvel::bond::step_periods(first_cpn, -back, cpn_freq, eom);
@@ -59,7 +33,7 @@ struct Payments {
     double delay(int32_t k) const {
         const Date date = due(k, 0);
         const int64_t j = orvel::cal::jdn(date.m, date.d, date.y);
-        const int64_t paid = following_business_day(j, hol_count, holidays);
+        const int64_t paid = orvel::cal::roll(j, 1, holidays);
         if (paid == j) return 0.0;
         const Date start = due(k, 1);
         const int64_t period = j - orvel::cal::jdn(start.m, start.d, start.y);
@@ -125,7 +99,7 @@ double orvel::bond::true_yield(const Date& settle, const Date& mat, Date dated, 
                                SolveStats* stats) {
     default_first_period(mat, &dated, &first_cpn, cpn_freq, eom);
     const Payments pay{mat, first_cpn, days_between(settle, first_cpn, actual_days) > 0, r, cpn_freq, eom,
-                       hol_count, holidays};
+                       {holidays, hol_count}};
     if (r.n_after == 0)  // the final period, by simple interest to the day the last payment is made
         return yield_l1p(price, cpn_rate, redemptn, 0.0, cpn_freq, r.nxt_frac + pay.delay(0), ai, err);
     const LateFlows late(pay);
@@ -141,7 +115,7 @@ ORVEL_EXPORT(void) bond_st_ylds(double price, double cpn_rate, double redemptn, 
                                 const int32_t* holidays, double* street_yld, double* true_yld, int32_t validate,
                                 uint32_t* err_code) {
     using namespace orvel::bond;
-    if (!(hol_count >= 0 && hol_count <= max_holidays && (hol_count == 0 || holidays != nullptr))) {
+    if (!orvel::cal::readable({holidays, hol_count})) {
         *err_code = ORVEL_E_HOL_COUNT;
         return;
     }
