@@ -19,20 +19,6 @@ inline constexpr int32_t max_years = max_term / 12 + 1;
 
 inline bool short_enough(int32_t months) { return months >= -max_term && months <= max_term; }
 
-// The first-year payment per 100 of a graduated loan whose payments rise by grad_rate percent once a year
-// during the first grad_mths months: 100 r / ((1 - q^-L)(G/Q)^k + (1 - (G/Q)^k) / (1 - G/Q) (1 - 1/Q)),
-// q = 1 + r, Q = q^12, G = 1 + grad_rate/100, k = grad_mths/12, L = term - grad_mths. NaN at a rate of 0.
-inline double gpm_first_payment(int32_t term, double cpn_rate, int32_t grad_mths, double grad_rate) {
-    const double r = monthly_rate(cpn_rate);
-    const double q = 1.0 + r;
-    const double big_q = orvel::pow(q, 12.0);
-    const double g_over_q = (1.0 + grad_rate / 100.0) / big_q;
-    const double gk = orvel::pow(g_over_q, grad_mths / 12.0);
-    const double level_months = static_cast<double>(term) - grad_mths;
-    return 100.0 * r /
-           ((1.0 - orvel::pow(q, -level_months)) * gk + (1.0 - gk) / (1.0 - g_over_q) * (1.0 - 1.0 / big_q));
-}
-
 // Years 0 .. last of a graduated schedule: each year grad_rate percent above the one before until year
 // trunc(grad_mths / 12), level from there.
 inline int32_t graduated_years(int32_t grad_mths) {

@@ -34,10 +34,7 @@ ORVEL_EXPORT(int32_t) mbs_m_pmtgpm(int32_t orig_term, double cpn_rate, int32_t g
     const int32_t years_raw = static_cast<int32_t>(orig_term / 12.0 + 0.5);
     const int32_t years = years_raw < 1 ? 1 : years_raw;
     if (years > max_yrs) return orvel::fail(err_code, ORVEL_E_GPM_YEARS);
-    const double g = 1.0 + grad_rate / 100.0;
-    const int32_t graduated = grad_mths / 12;
-    pmts[0] = mtg::gpm_first_payment(orig_term, cpn_rate, grad_mths, grad_rate);
-    for (int32_t y = 1; y < years; ++y) pmts[y] = y <= graduated ? pmts[y - 1] * g : pmts[y - 1];
+    mtg::graduated_payments(orig_term, cpn_rate, grad_mths, grad_rate, years, pmts);
     return years;
 }
 

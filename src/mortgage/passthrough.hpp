@@ -199,20 +199,13 @@ namespace mbs {
 
 // ---- Graduated payments --------------------------------------------------------------------------------
 
-// The payments of a graduated-payment loan per 100 of the balance at origination: the first year's payment
-// 100 r / ((1 - q^-L) (G/Q)^g + (1 - (G/Q)^g) / (1 - G/Q) (1 - 1/Q)), r = cpn_rate/1200, q = 1 + r,
-// Q = q^12, G = 1 + grad_rate/100, g = grad_mths/12, L = orig_term - grad_mths; each later loan year's
-// payment G times the year before's for trunc(g) years (y <= g), then level. Kept per loan year for the
-// 50 years of the longest walk; later years repeat the 50th.
+// The payments of a graduated-payment loan per 100 of the balance at origination, per loan year
+// (mtg::graduated_payments), kept for the 50 years of the longest walk; later
+// years repeat the 50th.
 class Graduated {
 public:
     Graduated(int32_t orig_term, double cpn_rate, int32_t grad_mths, double grad_rate) {
-        const double r = mtg::monthly_rate(cpn_rate), q = 1.0 + r, big_q = orvel::pow(q, 12.0);
-        const double growth = 1.0 + grad_rate / 100.0;
-        const double g = grad_mths / 12.0, x = growth / big_q, xg = orvel::pow(x, g);
-        const double late = (1.0 - orvel::pow(q, -(static_cast<double>(orig_term) - grad_mths))) * xg;
-        yearly_[0] = 100.0 * r / (late + (1.0 - xg) / (1.0 - x) * (1.0 - 1.0 / big_q));
-        for (int32_t y = 1; y < years; ++y) yearly_[y] = y <= g ? yearly_[y - 1] * growth : yearly_[y - 1];
+        mtg::graduated_payments(orig_term, cpn_rate, grad_mths, grad_rate, years, yearly_);
     }
 
     bool has_value() const { return orvel::finite(yearly_[0]) && yearly_[0] > 0.0; }

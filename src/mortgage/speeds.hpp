@@ -20,6 +20,30 @@ inline double level_payment(int32_t term, double cpn_rate) {
     return 100.0 * r / (1.0 - orvel::pow(1.0 + r, -static_cast<double>(term)));
 }
 
+// The first-year payment per 100 of a graduated loan whose payments rise by grad_rate percent once a year
+// during the first grad_mths months: 100 r / ((1 - q^-L)(G/Q)^k + (1 - (G/Q)^k) / (1 - G/Q) (1 - 1/Q)),
+// q = 1 + r, Q = q^12, G = 1 + grad_rate/100, k = grad_mths/12, L = term - grad_mths. NaN at a rate of 0.
+inline double gpm_first_payment(int32_t term, double cpn_rate, int32_t grad_mths, double grad_rate) {
+    const double r = monthly_rate(cpn_rate);
+    const double q = 1.0 + r;
+    const double big_q = orvel::pow(q, 12.0);
+    const double g_over_q = (1.0 + grad_rate / 100.0) / big_q;
+    const double gk = orvel::pow(g_over_q, grad_mths / 12.0);
+    const double level_months = static_cast<double>(term) - grad_mths;
+    return 100.0 * r /
+           ((1.0 - orvel::pow(q, -level_months)) * gk + (1.0 - gk) / (1.0 - g_over_q) * (1.0 - 1.0 / big_q));
+}
+
+// The payments per 100 of loan years 0 .. years - 1 of that loan: the first year's, then each year grad_rate
+// percent above the one before up to year trunc(grad_mths / 12), level from there.
+inline void graduated_payments(int32_t term, double cpn_rate, int32_t grad_mths, double grad_rate, int32_t years,
+                               double* pay) {
+    const double g = 1.0 + grad_rate / 100.0;
+    const int32_t graduated = grad_mths / 12;
+    pay[0] = gpm_first_payment(term, cpn_rate, grad_mths, grad_rate);
+    for (int32_t y = 1; y < years; ++y) pay[y] = y <= graduated ? pay[y - 1] * g : pay[y - 1];
+}
+
 // Scheduled balance per unit of the balance at origination with `remaining` of `term` months left. No
 // zero-rate branch: a rate of 0 gives 0/0, NaN.
 inline double scheduled_balance(int32_t term, int32_t remaining, double cpn_rate) {
