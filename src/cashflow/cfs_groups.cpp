@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "cashflow/cfs.hpp"
+#include "cashflow/tvm.hpp"
 #include "core/power.hpp"
 #include "core/validators.hpp"
 #include "orvel/cashflow.h"
@@ -15,13 +16,12 @@ using orvel::Check;
 inline constexpr int32_t max_group_payments = 100000;
 
 // cf0 plus each group's uniform series discounted from its start: the uniform-series factor
-// (1 - v^-c) / r and the discount v^-T over the periods before the group, T carried as a running product
-// of the groups' v^-c (each power taken once while the group length repeats). Two neighbouring groups of
-// one length are taken together, the running discount stepping by v^-2c, so that the chain of products a
-// value waits on is half as long. Zero rate: 0/0, on purpose.
+// (1 - v^-c) / r, v = 1 + r, and the discount v^-T over the periods before the group, T carried as a
+// running product of the groups' v^-c (each power taken once while the group length repeats). Two
+// neighbouring groups of one length are taken together, the running discount stepping by v^-2c, so that
+// the chain of products a value waits on is half as long. Zero rate: 0/0, on purpose.
 double grouped_npv(double cf0, const double* amts, const int32_t* counts, int32_t n_groups, double rate) {
     const double r = rate / 100.0;
-    const double v = 1.0 + r;
     double npv = cf0, before = 1.0;  // v^-T_j
     double vc = 1.0, vc2 = 1.0, annuity = 0.0;
     int64_t periods = 0;
@@ -30,9 +30,9 @@ double grouped_npv(double cf0, const double* amts, const int32_t* counts, int32_
         const int32_t c = counts[j];
         if (j == 0 || c != len) {
             len = c;
-            vc = orvel::pow(v, -static_cast<double>(c));
+            vc = orvel::tvm::compounded(r, -static_cast<double>(c));
             vc2 = vc * vc;
-            annuity = (1.0 - vc) / r;
+            annuity = orvel::tvm::series_present(r, vc);
         }
         if (j + 1 < n_groups && counts[j + 1] == c) {
             npv += annuity * (amts[j] * before + amts[j + 1] * (before * vc));
@@ -46,7 +46,7 @@ double grouped_npv(double cf0, const double* amts, const int32_t* counts, int32_
             j += 1;
         }
         if (!(std::fabs(before) > 0.0 && std::fabs(before) <= orvel::kMaxDouble))
-            before = orvel::pow(v, -static_cast<double>(periods));
+            before = orvel::tvm::compounded(r, -static_cast<double>(periods));
     }
     return npv;
 }
@@ -92,10 +92,10 @@ ORVEL_EXPORT(void) cash_flow(double cf0, const double* amts, const int32_t* coun
     }
     const double value = grouped_npv(cf0, amts, counts, n_groups, rate);
     const double r = rate / 100.0;
-    const double growth = orvel::pow(1.0 + r, periods);  // FV of one unit over T periods
+    const double growth = orvel::tvm::compounded(r, periods);  // FV of one unit over T periods
     *npv = value;
     *nfv = growth * value;
-    *nus = value / ((1.0 - 1.0 / growth) / r);
+    *nus = value / orvel::tvm::series_present(r, 1.0 / growth);
     *total = sum;
 }
 

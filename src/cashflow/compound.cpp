@@ -2,6 +2,7 @@
 // series, the present value of a bond's coupons, and effective annual rates.
 #include <cmath>
 
+#include "cashflow/tvm.hpp"
 #include "core/check.hpp"
 #include "core/power.hpp"
 #include "core/validators.hpp"
@@ -87,24 +88,24 @@ ORVEL_EXPORT(double) PV_of_RV(double redemptn, double n, double rate, int32_t fr
 
 ORVEL_EXPORT(double) FV_of_sp_1d(double rate, double n, int32_t validate, uint32_t* err_code) {
     if (!rate_and_periods(rate, n, validate, err_code)) return 0.0;
-    return orvel::pow(1.0 + rate / 100.0, n);
+    return orvel::tvm::compounded(rate / 100.0, n);
 }
 
 ORVEL_EXPORT(double) FV_of_us_1d(double rate, double n, int32_t validate, uint32_t* err_code) {
     if (!rate_and_periods(rate, n, validate, err_code)) return 0.0;
     const double r = rate / 100.0;
-    return (orvel::pow(1.0 + r, n) - 1.0) / r;
+    return orvel::tvm::series_future(r, orvel::tvm::compounded(r, n));
 }
 
 ORVEL_EXPORT(double) PV_of_sp_1d(double rate, double n, int32_t validate, uint32_t* err_code) {
     if (!rate_and_periods(rate, n, validate, err_code)) return 0.0;
-    return orvel::pow(1.0 + rate / 100.0, -n);
+    return orvel::tvm::compounded(rate / 100.0, -n);
 }
 
 ORVEL_EXPORT(double) PV_of_us_1d(double rate, double n, int32_t validate, uint32_t* err_code) {
     if (!rate_and_periods(rate, n, validate, err_code)) return 0.0;
     const double r = rate / 100.0;
-    return (1.0 - orvel::pow(1.0 + r, -n)) / r;
+    return orvel::tvm::series_present(r, orvel::tvm::compounded(r, -n));
 }
 
 ORVEL_EXPORT(double) PV_of_uscp(double cpn_rate, int32_t cpn_freq, double n, double rate, int32_t freq,

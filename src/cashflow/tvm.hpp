@@ -37,6 +37,13 @@ inline double growth(double i, double n) {
     return orvel::pow(u, n) * (1.0 + n * e / u);
 }
 
+// The plain closed forms of one amount and of a uniform series of 1 a period at r per period (a fraction),
+// without the rounding correction of growth: (1 + r)^n, and the series' values from it, future
+// ((1 + r)^n - 1) / r and present (1 - (1 + r)^-n) / r. At r = 0 the series give 0/0, NaN.
+inline double compounded(double r, double n) { return orvel::pow(1.0 + r, n); }
+inline double series_future(double r, double grown) { return (grown - 1.0) / r; }        // grown = (1 + r)^n
+inline double series_present(double r, double discount) { return (1.0 - discount) / r; }  // discount = (1 + r)^-n
+
 // With A = pmt (1 + i d) / i: fv = A - (1+i)^n (A + pv); at i = 0 exactly, -(n pmt + pv).
 inline double future_value(double i, double pmt, double pv, double n, double d) {
     if (i == 0.0) return -(n * pmt + pv);
