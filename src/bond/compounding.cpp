@@ -24,30 +24,13 @@ bool to_annual(double per_freq, int32_t cpn_freq, double* annual) {
     return true;
 }
 
-// The checks of the compound price kernel, in its order, on the annual yield or the price.
-bool valid_g1p(double given, int32_t given_type, double cpn_rate, double redemptn, double tax1, double tax2,
-               int32_t cpn_freq, int32_t n_after, double nxt_frac, double cpn_amt, double ai, uint32_t* err_code) {
-    return orvel::Check(err_code)
-        .call(0, ok_given, given, given_type)
-        .call(0, ok_cpn_rate, cpn_rate)
-        .call(0, ok_redemptn, redemptn)
-        .call(1, ok_tax_rate, tax1)
-        .call(2, ok_tax_rate, tax2)
-        .call(0, ok_cpn_freq, cpn_freq)
-        .call(0, ok_full_per, n_after)
-        .call(0, ok_days_pcnt, nxt_frac)
-        .call(1, ok_cpn_rate, cpn_amt)
-        .call(0, ok_ai, ai)
-        .ok();
-}
-
 }  // namespace
 
 ORVEL_EXPORT(double) bond_ptm_crr(double yld, double cpn_rate, double redemptn, double tax1, double tax2,
                                   int32_t cpn_freq, int32_t n_after, double nxt_frac, double cpn_amt, double ai,
                                   int32_t validate, uint32_t* err_code) {
-    if (validate != 0 && !valid_g1p(yld, 1, cpn_rate, redemptn, tax1, tax2, cpn_freq, n_after, nxt_frac, cpn_amt,
-                                    ai, err_code))
+    if (validate != 0 && !orvel::bond::valid_g1p(yld, 1, cpn_rate, redemptn, tax1, tax2, cpn_freq, n_after,
+                                                 nxt_frac, cpn_amt, ai, err_code))
         return 0.0;
     double y = 0.0;
     if (!from_annual(yld, cpn_freq, &y)) return orvel::bond::fail_price(err_code, ORVEL_E_NEG_BASE);

@@ -11,26 +11,10 @@ namespace {
 using orvel::Check;
 using orvel::bond::tax_fraction;
 using orvel::bond::Terms;
+using orvel::bond::valid_g1p;
 
 constexpr int32_t given_yield = 1;
 constexpr int32_t given_price = 2;
-
-// The checks of a compound kernel, the given value first.
-bool valid_g1p(double given, int32_t given_type, double cpn_rate, double redemptn, double tax1, double tax2,
-               int32_t cpn_freq, int32_t n_after, double nxt_frac, double cpn_amt, double ai, uint32_t* err_code) {
-    return Check(err_code)
-        .call(0, ok_given, given, given_type)
-        .call(0, ok_cpn_rate, cpn_rate)
-        .call(0, ok_redemptn, redemptn)
-        .call(1, ok_tax_rate, tax1)
-        .call(2, ok_tax_rate, tax2)
-        .call(0, ok_cpn_freq, cpn_freq)
-        .call(0, ok_full_per, n_after)
-        .call(0, ok_days_pcnt, nxt_frac)
-        .call(1, ok_cpn_rate, cpn_amt)
-        .call(0, ok_ai, ai)
-        .ok();
-}
 
 // The final period has no second tax, no whole periods after the next coupon and no separate next coupon:
 // neutral values pass those checks and keep the order of the rest.
@@ -45,6 +29,23 @@ Terms terms_of(double cpn_rate, double redemptn, double tax1, double tax2, int32
 }
 
 }  // namespace
+
+bool orvel::bond::valid_g1p(double given, int32_t given_type, double cpn_rate, double redemptn, double tax1,
+                            double tax2, int32_t cpn_freq, int32_t n_after, double nxt_frac, double cpn_amt, double ai,
+                            uint32_t* err_code) {
+    return Check(err_code)
+        .call(0, ok_given, given, given_type)
+        .call(0, ok_cpn_rate, cpn_rate)
+        .call(0, ok_redemptn, redemptn)
+        .call(1, ok_tax_rate, tax1)
+        .call(2, ok_tax_rate, tax2)
+        .call(0, ok_cpn_freq, cpn_freq)
+        .call(0, ok_full_per, n_after)
+        .call(0, ok_days_pcnt, nxt_frac)
+        .call(1, ok_cpn_rate, cpn_amt)
+        .call(0, ok_ai, ai)
+        .ok();
+}
 
 ORVEL_EXPORT(double) bond_ptm_g1p(double yld, double cpn_rate, double redemptn, double tax1, double tax2,
                                   int32_t cpn_freq, int32_t n_after, double nxt_frac, double cpn_amt, double ai,

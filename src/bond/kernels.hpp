@@ -29,6 +29,12 @@ struct Terms {
     double ai;         // accrued interest per 100
 };
 
+// The checks of the compound kernels, in their order, the given value (yield 1, price 2) first: the value,
+// coupon rate, redemption, the two taxes (+1, +2), frequency, whole periods, days fraction, next coupon
+// (+1) and accrued interest. The one place in this header that validates.
+bool valid_g1p(double given, int32_t given_type, double cpn_rate, double redemptn, double tax1, double tax2,
+               int32_t cpn_freq, int32_t n_after, double nxt_frac, double cpn_amt, double ai, uint32_t* err_code);
+
 inline double fail_price(uint32_t* err, uint32_t number) {
     *err = number;
     return 0.0;
