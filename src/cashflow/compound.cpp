@@ -30,28 +30,32 @@ bool growth(double rate, int32_t freq, double* base, uint32_t* err_code) {
     return !(*base < 0.0) || orvel::fail(err_code, ORVEL_E_NEG_BASE);
 }
 
+// The checks of one amount compounded n_pers times: the rate, the amount finite (15203), freq at least 1.
+bool one_amount_ok(double amount, double rate, int32_t freq, int32_t validate, uint32_t* err_code) {
+    return validate == 0 || orvel::Check(err_code)
+                                .call(0, ok_cpn_rate, rate)
+                                .expect(is_finite(amount), ORVEL_E_PV)
+                                .expect(freq >= 1, ORVEL_E_CMPD_FREQ)
+                                .ok();
+}
+
+// (1 + rate / 100 / freq)^n_pers.
+double compound_factor(double rate, int32_t freq, int32_t n_pers) {
+    return orvel::pow(1.0 + rate / 100.0 / freq, n_pers);
+}
+
 }  // namespace
 
 ORVEL_EXPORT(double) FV_of_1_PV(double pv, double rate, int32_t freq, int32_t n_pers, int32_t validate,
                                 uint32_t* err_code) {
-    if (validate != 0 && !orvel::Check(err_code)
-                              .call(0, ok_cpn_rate, rate)
-                              .expect(is_finite(pv), ORVEL_E_PV)
-                              .expect(freq >= 1, ORVEL_E_CMPD_FREQ)
-                              .ok())
-        return 0.0;
-    return pv * orvel::pow(1.0 + rate / 100.0 / freq, n_pers);
+    if (!one_amount_ok(pv, rate, freq, validate, err_code)) return 0.0;
+    return pv * compound_factor(rate, freq, n_pers);
 }
 
 ORVEL_EXPORT(double) PV_of_1_FV(double fv, double rate, int32_t freq, int32_t n_pers, int32_t validate,
                                 uint32_t* err_code) {
-    if (validate != 0 && !orvel::Check(err_code)
-                              .call(0, ok_cpn_rate, rate)
-                              .expect(is_finite(fv), ORVEL_E_PV)
-                              .expect(freq >= 1, ORVEL_E_CMPD_FREQ)
-                              .ok())
-        return 0.0;
-    const double factor = orvel::pow(1.0 + rate / 100.0 / freq, n_pers);
+    if (!one_amount_ok(fv, rate, freq, validate, err_code)) return 0.0;
+    const double factor = compound_factor(rate, freq, n_pers);
     if (factor == 0.0) {
         *err_code = ORVEL_E_FACTOR_ZERO;
         return 0.0;
