@@ -85,6 +85,20 @@ orvel::Check& frequencies(orvel::Check& c, int32_t cpy, int32_t ppy) {
     return c.expect(cpy >= 1, ORVEL_E_CPY).expect(ppy >= 1, ORVEL_E_PPY);
 }
 
+// One of the four values a closed form is given, and its number when it is not finite.
+struct Key {
+    double value;
+    uint32_t number;
+};
+
+// The checks of a closed form: the frequencies, then each value given finite, in argument order.
+bool keys_ok(int32_t cpy, int32_t ppy, const Key (&keys)[4], uint32_t* err_code) {
+    orvel::Check c(err_code);
+    frequencies(c, cpy, ppy);
+    for (const Key& k : keys) c.expect(is_finite(k.value), k.number);
+    return c.ok();
+}
+
 // The amounts can have a rate only when the payment and the amounts point in opposite directions.
 bool can_have_rate(double fv, double pmt, double pv) {
     if (pmt <= 1e-10) return !(pv < -1e-10 || fv > 1e-10);
@@ -103,61 +117,29 @@ ORVEL_EXPORT(double) tvm_iy_2_epi(double iy, int32_t cpy, int32_t ppy, int32_t v
 
 ORVEL_EXPORT(double) tvm_FV(double pmt, double pv, double iy, double n, int32_t cpy, int32_t ppy, int32_t due,
                             int32_t validate, uint32_t* err_code) {
-    if (validate != 0) {
-        orvel::Check c(err_code);
-        if (!frequencies(c, cpy, ppy)
-                 .expect(is_finite(pmt), ORVEL_E_PMT)
-                 .expect(is_finite(pv), ORVEL_E_PV)
-                 .expect(is_finite(iy), ORVEL_E_RATE)
-                 .expect(is_finite(n), ORVEL_E_PERIODS)
-                 .ok())
-            return 0.0;
-    }
+    const Key keys[4] = {{pmt, ORVEL_E_PMT}, {pv, ORVEL_E_PV}, {iy, ORVEL_E_RATE}, {n, ORVEL_E_PERIODS}};
+    if (validate != 0 && !keys_ok(cpy, ppy, keys, err_code)) return 0.0;
     return orvel::tvm::future_value(epi_of(iy, cpy, ppy), pmt, pv, n, due_factor(due));
 }
 
 ORVEL_EXPORT(double) tvm_PV(double fv, double pmt, double iy, double n, int32_t cpy, int32_t ppy, int32_t due,
                             int32_t validate, uint32_t* err_code) {
-    if (validate != 0) {
-        orvel::Check c(err_code);
-        if (!frequencies(c, cpy, ppy)
-                 .expect(is_finite(fv), ORVEL_E_FV)
-                 .expect(is_finite(pmt), ORVEL_E_PMT)
-                 .expect(is_finite(iy), ORVEL_E_RATE)
-                 .expect(is_finite(n), ORVEL_E_PERIODS)
-                 .ok())
-            return 0.0;
-    }
+    const Key keys[4] = {{fv, ORVEL_E_FV}, {pmt, ORVEL_E_PMT}, {iy, ORVEL_E_RATE}, {n, ORVEL_E_PERIODS}};
+    if (validate != 0 && !keys_ok(cpy, ppy, keys, err_code)) return 0.0;
     return orvel::tvm::present_value(epi_of(iy, cpy, ppy), pmt, fv, n, due_factor(due));
 }
 
 ORVEL_EXPORT(double) tvm_pmt(double fv, double pv, double iy, double n, int32_t cpy, int32_t ppy, int32_t due,
                              int32_t validate, uint32_t* err_code) {
-    if (validate != 0) {
-        orvel::Check c(err_code);
-        if (!frequencies(c, cpy, ppy)
-                 .expect(is_finite(fv), ORVEL_E_FV)
-                 .expect(is_finite(pv), ORVEL_E_PV)
-                 .expect(is_finite(iy), ORVEL_E_RATE)
-                 .expect(is_finite(n), ORVEL_E_PERIODS)
-                 .ok())
-            return 0.0;
-    }
+    const Key keys[4] = {{fv, ORVEL_E_FV}, {pv, ORVEL_E_PV}, {iy, ORVEL_E_RATE}, {n, ORVEL_E_PERIODS}};
+    if (validate != 0 && !keys_ok(cpy, ppy, keys, err_code)) return 0.0;
     return orvel::tvm::payment(epi_of(iy, cpy, ppy), pv, fv, n, due_factor(due));
 }
 
 ORVEL_EXPORT(double) tvm_n(double fv, double pmt, double pv, double iy, int32_t cpy, int32_t ppy, int32_t due,
                            int32_t validate, uint32_t* err_code) {
-    if (validate != 0) {
-        orvel::Check c(err_code);
-        if (!frequencies(c, cpy, ppy)
-                 .expect(is_finite(fv), ORVEL_E_FV)
-                 .expect(is_finite(pmt), ORVEL_E_PMT)
-                 .expect(is_finite(pv), ORVEL_E_PV)
-                 .expect(is_finite(iy), ORVEL_E_RATE)
-                 .ok())
-            return 0.0;
-    }
+    const Key keys[4] = {{fv, ORVEL_E_FV}, {pmt, ORVEL_E_PMT}, {pv, ORVEL_E_PV}, {iy, ORVEL_E_RATE}};
+    if (validate != 0 && !keys_ok(cpy, ppy, keys, err_code)) return 0.0;
     return orvel::tvm::periods(epi_of(iy, cpy, ppy), pmt, pv, fv, due_factor(due));
 }
 
