@@ -84,6 +84,24 @@ bool valid_bond_at(const Date& at, const Date& mat, const Date& dated, const Dat
     return err == 0 || orvel::fail(err_code, err);
 }
 
+// The checks of a holding bought at price and worth hrz_price clean at the horizon: with validate the two
+// prices, the bond at settlement and the horizon; always the reinvestment rate.
+bool valid_holding(double price, double hrz_price, double reinv_rate, double cpn_rate, int32_t day_type, int32_t eom,
+                   int32_t cpn_freq, const Date& settle, const Date& hrz, const Date& mat, const Date& dated,
+                   const Date& first_cpn, int32_t validate, uint32_t* err_code) {
+    if (validate != 0 &&
+        !orvel::Check(err_code)
+             .call(0, ok_given, price, 2)
+             .call(0, ok_given, hrz_price, 2)
+             .step([&](uint32_t* e) {
+                 return valid_bond_at(settle, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, e);
+             })
+             .step([&](uint32_t* e) { return valid_horizon(settle, hrz, mat, e); })
+             .ok())
+        return false;
+    return valid_reinv(reinv_rate, cpn_freq, err_code);
+}
+
 // What a holding bought at a clean price returns to a horizon where it is worth hrz_price clean, with its
 // coupons reinvested: the value at the horizon over the full price paid, annualised on the bond's basis.
 struct Outcome {
@@ -166,17 +184,9 @@ ORVEL_EXPORT(double) bond_tot_inc(double price, double hrz_price, double reinv_r
                                   double* ioi, double* cap_chg, int32_t validate, uint32_t* err_code) {
     const Date settle{settle_m, settle_d, settle_y}, hrz{hrz_m, hrz_d, hrz_y}, mat{mat_m, mat_d, mat_y};
     const Date dated{dated_m, dated_d, dated_y}, first_cpn{first_cpn_m, first_cpn_d, first_cpn_y};
-    if (validate != 0 &&
-        !orvel::Check(err_code)
-             .call(0, ok_given, price, 2)
-             .call(0, ok_given, hrz_price, 2)
-             .step([&](uint32_t* e) {
-                 return valid_bond_at(settle, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, e);
-             })
-             .step([&](uint32_t* e) { return valid_horizon(settle, hrz, mat, e); })
-             .ok())
+    if (!valid_holding(price, hrz_price, reinv_rate, cpn_rate, day_type, eom, cpn_freq, settle, hrz, mat, dated,
+                       first_cpn, validate, err_code))
         return 0.0;
-    if (!valid_reinv(reinv_rate, cpn_freq, err_code)) return 0.0;
     const Holding h = hold(settle, hrz, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq);
     const double grown = h.grown_coupons(reinv_rate, cpn_rate, cpn_freq);
     // The whole change of value first, then its three parts, each on its own.
@@ -195,17 +205,9 @@ ORVEL_EXPORT(double) bond_tr_hrz(double price, double hrz_price, double reinv_ra
                                  int32_t validate, uint32_t* err_code) {
     const Date settle{settle_m, settle_d, settle_y}, hrz{hrz_m, hrz_d, hrz_y}, mat{mat_m, mat_d, mat_y};
     const Date dated{dated_m, dated_d, dated_y}, first_cpn{first_cpn_m, first_cpn_d, first_cpn_y};
-    if (validate != 0 &&
-        !orvel::Check(err_code)
-             .call(0, ok_given, price, 2)
-             .call(0, ok_given, hrz_price, 2)
-             .step([&](uint32_t* e) {
-                 return valid_bond_at(settle, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, e);
-             })
-             .step([&](uint32_t* e) { return valid_horizon(settle, hrz, mat, e); })
-             .ok())
+    if (!valid_holding(price, hrz_price, reinv_rate, cpn_rate, day_type, eom, cpn_freq, settle, hrz, mat, dated,
+                       first_cpn, validate, err_code))
         return 0.0;
-    if (!valid_reinv(reinv_rate, cpn_freq, err_code)) return 0.0;
     const Holding h = hold(settle, hrz, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq);
     Outcome o;
     if (!outcome(h, price, hrz_price, reinv_rate, cpn_rate, cpn_freq, err_code, &o)) return 0.0;
