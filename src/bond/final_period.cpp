@@ -3,6 +3,7 @@
 #include "bond/accrued.hpp"
 #include "bond/dates.hpp"
 #include "bond/final_period.hpp"
+#include "bond/kernels.hpp"
 #include "core/check.hpp"
 #include "core/validators.hpp"
 #include "orvel/bond.h"
@@ -13,18 +14,12 @@ using orvel::Date;
 using orvel::bond::FinalPeriod;
 using orvel::bond::tax_fraction;
 
+// The compound kernels' checks with neutral values for the whole periods and the next coupon, which the
+// final period has none of: the order and numbers of the rest stay.
 bool valid_final(double given, int32_t given_type, double cpn_rate, double redemptn, double tax1, double tax2,
                  int32_t cpn_freq, double nxt_frac, double ai, uint32_t* err_code) {
-    return orvel::Check(err_code)
-        .call(0, ok_given, given, given_type)
-        .call(0, ok_cpn_rate, cpn_rate)
-        .call(0, ok_redemptn, redemptn)
-        .call(1, ok_tax_rate, tax1)
-        .call(2, ok_tax_rate, tax2)
-        .call(0, ok_cpn_freq, cpn_freq)
-        .call(0, ok_days_pcnt, nxt_frac)
-        .call(0, ok_ai, ai)
-        .ok();
+    return orvel::bond::valid_g1p(given, given_type, cpn_rate, redemptn, tax1, tax2, cpn_freq, 1, nxt_frac, 0.0, ai,
+                                  err_code);
 }
 
 }  // namespace
