@@ -32,7 +32,9 @@ double psa_of_factors(int32_t orig_term, int32_t wam, double cpn_rate, int32_t n
         return (observed - projected) / (n - 1);
     };
     const double start[3] = {100.0, 99.0, 101.0};
-    const double speed = orvel::solve3(start, residual, orvel::ResidualBelow{0.0005}, err_code, stats);
+    uint32_t failed = 0;
+    const double speed = orvel::solve3(start, residual, orvel::ResidualBelow{0.0005}, &failed, stats);
+    if (failed != 0) return orvel::fail(err_code, failed);  // 0.0, not the cap (which may be negative)
     return speed < cap ? speed : cap;
 }
 
