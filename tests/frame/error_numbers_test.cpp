@@ -31,7 +31,7 @@ const std::pair<uint32_t, std::vector<uint32_t>> built[] = {
     {ORVEL_E_BLANK, range(1, 9)}, {ORVEL_E_NOT_LE, range(11, 99, true)}, {ORVEL_E_NOT_LT, range(11, 99, true)},
     {ORVEL_E_SYNC, {31, 36}},     {ORVEL_E_DAY_TYPE, {1}},             {ORVEL_E_SIDE, {1}},
     {ORVEL_E_CPN_FREQ, {1}},      {ORVEL_E_GIVEN_BASE, range(1, 22)},  {ORVEL_E_CPN_RATE, {1}},
-    {ORVEL_E_TAX_RATE, {1, 2}},
+    {ORVEL_E_TAX_RATE, {1, 2}},   {ORVEL_E_YLD_FREQ, {1}},
 };
 
 // Rows that spell out a built number for the one check that writes it: the same meaning, not a second one.
@@ -41,7 +41,7 @@ const std::map<uint32_t, uint32_t> spelled_out = {
     {ORVEL_E_FRN_RST_SETTLE, ORVEL_E_NOT_LE},     {ORVEL_E_FRN_NEXT_RST, ORVEL_E_NOT_LT},
     {ORVEL_E_EXDIV_ORDER, ORVEL_E_NOT_LT},        {ORVEL_E_FRN_RST_ORDER, ORVEL_E_NOT_LT},
     {ORVEL_E_CPN_AMT, ORVEL_E_CPN_RATE},          {ORVEL_E_TAX1, ORVEL_E_TAX_RATE},
-    {ORVEL_E_TAX2, ORVEL_E_TAX_RATE},
+    {ORVEL_E_TAX2, ORVEL_E_TAX_RATE},             {ORVEL_E_YLD_FREQ_MISSING, ORVEL_E_YLD_FREQ},
 };
 
 // The checks that report a bad list date by its index, each with its refusal of a list too long, over
