@@ -184,7 +184,8 @@
     X(ORVEL_E_DAYS_PER_BELOW, 4750, "days in the period below the least given (a least outside 0..299)") \
     X(ORVEL_E_YLD_FREQ, 15800, "yield compounding frequency not 1, 2, 4 or 12")                    \
     X(ORVEL_E_YLD_FREQ_MISSING, 15801, "yield compounding frequency not supplied (-1)")            \
-    X(ORVEL_E_MKT_OPT, 15802, "market option outside its set")
+    X(ORVEL_E_MKT_OPT, 15802, "market option outside its set")                                     \
+    X(ORVEL_E_PERIOD_ORDER, 15803, "end of the interest period before its start")
 
 #define ORVEL_ERROR_ENUM_(name, number, meaning) name = number,
 enum orvel_error { ORVEL_ERROR_TABLE(ORVEL_ERROR_ENUM_) };

@@ -6,9 +6,150 @@
 
 #include "orvel/frame.h"
 
-/* ---- Market families --------------------------------------------------------------------------------- */
+/* ---- Market families ---------------------------------------------------------------------------------
+ * A family is one market: its members take the market's conventions from get_sec_dflt's table (its code
+ * below) for every convention argument left at -1 (day_type, eom, cpn_freq, l1p_rule and the option slots
+ * the market names); any other value overrides the default, 0 included. They validate once when validate
+ * is non-zero and hand everything to the fixed-coupon engine. Members of one kind share one argument list,
+ * declared once below (ORVEL_MKT_*); the option slots opt1 .. opt3 carry a market's own options where its
+ * family says so and are reserved (not read) elsewhere. Dates are month, day, four-digit year; a blank
+ * dated or first coupon date (0/0/0) runs the schedule regularly back from maturity; exdiv_dt is read only
+ * with ex_type 1. Amounts per 100 of face unless a member is for a holding of face_k thousand.
+ * Every member returns 0 (or nothing) on failure with err_code written and its outputs unwritten.
+ */
 
+/* _ai: accrued interest per 100 at settlement under the market's accrual rule, and the three numbers the
+ * kernels price on (*nxt_frac, *cpn_amt, *n_after, as bond_ai). The conventions stand after the dates and the
+ * coupon rate; rsv_dt and the option slots a market does not name are reserved (not read).
+ * ex_type 0: no ex-dividend treatment; 1: negative accrued interest when the ex-dividend date exdiv_dt is on
+ * or before settlement and settlement is before the coupon date that ends exdiv_dt's period.
+ * Validation (validate != 0), in order: the conventions, coupon rate and dates as ok_bond_in checks them
+ * (500/501, 600/601, 4100, date errors + role, 2171 ...); 960 ex_type not 0 or 1; when ex_type is 1,
+ * ok_exdiv_MDY (+9, 1609, 2191); then the market's options. Returns 0.0 on failure, outputs unwritten. */
+#define ORVEL_MKT_AI(name) \
+    ORVEL_EXPORT(double) name( \
+        int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t exdiv_dt_m, int32_t exdiv_dt_d, \
+        int32_t exdiv_dt_y, int32_t ex_type, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, \
+        int32_t dated_d, int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, \
+        int32_t rsv_dt_m, int32_t rsv_dt_d, int32_t rsv_dt_y, double cpn_rate, int32_t day_type, \
+        int32_t eom, int32_t cpn_freq, int32_t opt1, int32_t opt2, int32_t opt3, double* nxt_frac, \
+        double* cpn_amt, int32_t* n_after, int32_t validate, uint32_t* err_code)
 
+/* _py_ai: calc_type 1 prices the yield value, 2 yields the clean price value (per 100), into *result; the
+ * accrued interest of _ai goes to *ai. The kernel is the market's (below); l1p_rule 2 prices the final
+ * coupon period with simple interest, 1 compounds throughout (-1: the market default).
+ * Validation: ok_bond_in on the conventions, calc_type (200), value (4001 yield, 4002 price), coupon rate,
+ * dates and redemptn (4200); then ex_type and options as _ai. Without validation a calc_type other than
+ * 1 or 2 writes *ai and then fails with 200. Errors of the kernels: 4090, 4400, 9020. */
+#define ORVEL_MKT_PY_AI(name) \
+    ORVEL_EXPORT(void) name( \
+        int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type, double value, double cpn_rate, \
+        int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t exdiv_dt_m, int32_t exdiv_dt_d, \
+        int32_t exdiv_dt_y, int32_t ex_type, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, \
+        int32_t dated_d, int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, \
+        double redemptn, int32_t l1p_rule, int32_t opt1, int32_t opt2, double* result, double* ai, \
+        int32_t validate, uint32_t* err_code)
+
+/* _1di: the interest one day earns for a holding of face_k thousand: A1 - A0, the market's accrued interest
+ * at settlement less that of the day before, times face_k x 10. When the two straddle a coupon date or the
+ * ex-dividend date (A1 < A0), the coupon of the day before is added back (A1 - A0 + cpn_amt): across a
+ * coupon date that is the coupon less A0, never a negative amount. 0 when settlement is the dated date.
+ * Validation: as _ai, then 14100 face_k negative or not finite. */
+#define ORVEL_MKT_1DI(name) \
+    ORVEL_EXPORT(double) name( \
+        int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate, int32_t settle_m, \
+        int32_t settle_d, int32_t settle_y, int32_t exdiv_dt_m, int32_t exdiv_dt_d, int32_t exdiv_dt_y, \
+        int32_t ex_type, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, \
+        int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double face_k, \
+        int32_t opt1, int32_t opt2, int32_t validate, uint32_t* err_code)
+
+/* _fpi (the next coupon payment) and _pip (the coupon of the period that settlement falls in, or ends),
+ * for a holding of face_k thousand: cpn_amt x face_k x 10, with *pay the coupon date it is due on.
+ * _fpi returns 0 when the bond trades ex-dividend (the seller receives that coupon). _pip at maturity looks
+ * at the last period; on a coupon date it reports the coupon paid that day (as bond_pip).
+ * Validation: as _ai, then 14100 face_k. */
+#define ORVEL_MKT_FPI(name) \
+    ORVEL_EXPORT(double) name( \
+        int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate, int32_t settle_m, \
+        int32_t settle_d, int32_t settle_y, int32_t exdiv_dt_m, int32_t exdiv_dt_d, int32_t exdiv_dt_y, \
+        int32_t ex_type, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, \
+        int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double face_k, \
+        int32_t opt1, int32_t opt2, int32_t opt3, int32_t* pay_m, int32_t* pay_d, int32_t* pay_y, \
+        int32_t validate, uint32_t* err_code)
+
+/* _cfs: the remaining flows of a holding of face_k thousand (per 100 x face_k x 10): for each coupon date
+ * k < *count its date (cf_m, cf_d, cf_y), interest int_amts[k], principal prin_amts[k] (redemptn at maturity)
+ * and times[k] in coupon periods from settlement. Ex-dividend, the next coupon is the seller's: its
+ * interest is 0. *ai is the accrued interest of the holding (negative ex-dividend). Returns the count.
+ * Validation: as _ai, then 4200 redemptn, 14100 face_k (negative: with or without ex_type). Errors: 13000
+ * capacity below the count (the count needed written to *count, arrays untouched), 4600. rsv is reserved. */
+#define ORVEL_MKT_CFS(name) \
+    ORVEL_EXPORT(int32_t) name( \
+        int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate, int32_t settle_m, \
+        int32_t settle_d, int32_t settle_y, int32_t exdiv_dt_m, int32_t exdiv_dt_d, int32_t exdiv_dt_y, \
+        int32_t ex_type, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, \
+        int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double redemptn, \
+        double face_k, int32_t opt1, int32_t opt2, int32_t opt3, int32_t rsv, int32_t capacity, \
+        int32_t* cf_m, int32_t* cf_d, int32_t* cf_y, double* int_amts, double* prin_amts, double* times, \
+        int32_t* count, double* ai, int32_t validate, uint32_t* err_code)
+
+/* _risk: price and yield as _py_ai (*price, *yld, *ai), and at that yield: Macaulay and modified duration
+ * in years and convexity of the flows the buyer receives (compounded per period at the yield restated at
+ * the coupon frequency, weighted by their present value), *cur_yld = cpn_rate / price x 100, *pvbp the
+ * price change for 0.01 of yield (half the difference of the prices 1 bp either side, by the market's own
+ * kernel), *tot_int, *cpn_int, *ioi income to maturity with reinvestment at the yield (as bond_int_ioi),
+ * the coupon dates around settlement, days accrued, in the period and remaining under day_type, and the
+ * schedule numbers. Validation as _py_ai; errors as _py_ai. */
+#define ORVEL_MKT_RISK(name) \
+    ORVEL_EXPORT(void) name( \
+        int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type, double value, double cpn_rate, \
+        int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t exdiv_dt_m, int32_t exdiv_dt_d, \
+        int32_t exdiv_dt_y, int32_t ex_type, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, \
+        int32_t dated_d, int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, \
+        double redemptn, int32_t l1p_rule, int32_t opt1, int32_t opt2, int32_t opt3, double* price, \
+        double* yld, double* ai, double* mac_dur, double* mod_dur, double* convexity, double* cur_yld, \
+        double* pvbp, double* tot_int, double* cpn_int, double* ioi, int32_t* prev_cpn_m, \
+        int32_t* prev_cpn_d, int32_t* prev_cpn_y, int32_t* next_cpn_m, int32_t* next_cpn_d, \
+        int32_t* next_cpn_y, int32_t* da, int32_t* dp, int32_t* dr, double* nxt_frac, double* cpn_amt, \
+        int32_t* n_after, int32_t validate, uint32_t* err_code)
+
+/* _i_earn: interest a holding of face_k thousand earns from `from` to `to` (from <= to < maturity): the
+ * accrued interest at `to` less that at `from`, plus the coupons paid on coupon dates after `from` and on or
+ * before `to`, times face_k x 10. Interest is earned whoever receives the coupon, so the ex-dividend rule
+ * does not enter (exdiv_dt and ex_type are validated as in _ai). Outputs: *ai_from, *ai_to (per 100),
+ * *cpn_paid (the coupons, money), *one_day (_1di at `to`), *cpn_amt (the coupon of `to`'s period, per 100),
+ * *n_cpns, *days_act (actual days) and *days_basis (days under day_type) from `from` to `to`, the coupon
+ * dates around `from` and `to`; and per coupon period met, k < *count: the date it ends in the window
+ * (cf_m, cf_d, cf_y: its coupon date, or `to`), the interest earned in it, the coupon paid at its end and
+ * its days held. Conventions at arguments 25 to 27; rsv_dt reserved.
+ * Validation: as _ai at `from` and at `to`, then 15803 `to` before `from`, 14100 face_k. Errors: 13000 capacity
+ * below the number of periods (needed in *count). */
+#define ORVEL_MKT_I_EARN(name) \
+    ORVEL_EXPORT(double) name( \
+        int32_t from_m, int32_t from_d, int32_t from_y, int32_t to_m, int32_t to_d, int32_t to_y, \
+        int32_t exdiv_dt_m, int32_t exdiv_dt_d, int32_t exdiv_dt_y, int32_t ex_type, int32_t mat_m, \
+        int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, \
+        int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, int32_t rsv_dt_m, int32_t rsv_dt_d, \
+        int32_t rsv_dt_y, double cpn_rate, double face_k, int32_t day_type, int32_t eom, int32_t cpn_freq, \
+        int32_t opt1, int32_t opt2, int32_t opt3, double* ai_from, double* ai_to, double* cpn_paid, \
+        double* one_day, double* cpn_amt, int32_t* n_cpns, int32_t* days_act, int32_t* days_basis, \
+        int32_t* from_pcd_m, int32_t* from_pcd_d, int32_t* from_pcd_y, int32_t* from_ncd_m, \
+        int32_t* from_ncd_d, int32_t* from_ncd_y, int32_t* to_pcd_m, int32_t* to_pcd_d, int32_t* to_pcd_y, \
+        int32_t* to_ncd_m, int32_t* to_ncd_d, int32_t* to_ncd_y, int32_t capacity, int32_t* cf_m, \
+        int32_t* cf_d, int32_t* cf_y, double* earned, double* paid, int32_t* days, int32_t* count, \
+        int32_t validate, uint32_t* err_code)
+
+/* augb: Austrian government bonds, market code 110 (30E/360, annual, end of month; simple interest in the
+ * final period, l1p_rule 2). Accrual bond_ex_ai (ex-dividend by ex_type), prices on aibd_p / aibd_y and
+ * bond_ptm_l1p / bond_ytm_l1p. No market options. */
+ORVEL_MKT_AI(augb_ai);
+ORVEL_MKT_PY_AI(augb_py_ai);
+ORVEL_MKT_1DI(augb_1di);
+ORVEL_MKT_FPI(augb_fpi);
+ORVEL_MKT_FPI(augb_pip);
+ORVEL_MKT_CFS(augb_cfs);
+ORVEL_MKT_RISK(augb_risk);
+ORVEL_MKT_I_EARN(augb_i_earn);
 
 /* ---- Ex-dividend dates ------------------------------------------------------------------------------- */
 

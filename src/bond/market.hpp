@@ -58,6 +58,14 @@ struct Moments {
 };
 Moments walk_flows(const Reduced& r, double cpn_rate, double redemptn, int32_t cpn_freq, double v);
 
+// Income to maturity with reinvestment at the yield (bond_int_ioi): coupons plus interest on interest, the
+// coupons alone, the interest on interest; per 100.
+struct Income {
+    double tot_int, cpn_int, ioi;
+};
+Income income_to_maturity(double yld, int32_t cpn_freq, double cpn_rate, double cpn_amt, int32_t n_after,
+                          double nxt_frac);
+
 // The remaining flows of a holding of face_k thousand into the caller's arrays (dates, interest, principal,
 // time in periods), the next coupon left out when the seller keeps it (ex-dividend). Returns the count, or
 // -1 with 4600 (a schedule no calendar can date) or 13000 (capacity too small, the count needed written).
