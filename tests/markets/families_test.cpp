@@ -1,0 +1,108 @@
+// Every market family on a current bond of its market, one table row a family: price -> yield -> price
+// round trip, -1 taking the market default and any other value overriding it, the l1p_rule switch in the
+// final period, negative accrued interest and no next coupon inside the ex-dividend window, and one day's
+// interest across a coupon date never negative. Worked values per member are rows of
+// tests/calls/markets.calls.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "orvel/markets.h"
+
+namespace {
+
+struct D {
+    int32_t m, d, y;
+};
+
+struct Family {
+    const char* name;
+    decltype(&augb_py_ai) py_ai;
+    decltype(&augb_ai) ai;
+    decltype(&augb_fpi) fpi;
+    decltype(&augb_1di) one_di;
+    int32_t day_type, eom, cpn_freq, l1p_rule;  // the market's defaults (l1p_rule -1: none)
+    int32_t other_day_type;                     // an override that changes the accrued interest
+    double cpn_rate;
+    D mat, settle, exdiv, ex_settle, coupon, last_period;  // a coupon date; a settlement in the final period
+    int32_t opt1, opt2;
+};
+
+const Family families[] = {
+    // name    py_ai        ai        fpi        1di        day eom frq l1p  other cpn  mat            settle         exdiv          ex_settle      coupon         final period
+    {"augb", augb_py_ai, augb_ai, augb_fpi, augb_1di, 5, 1, 1, 2, 1, 6.25, {7, 15, 2027}, {3, 10, 2020}, {7, 1, 2020}, {7, 10, 2020}, {7, 15, 2020}, {3, 10, 2027}, -1, -1},
+};
+
+struct Call {
+    const Family& f;
+    int32_t day_type = -1, eom = -1, cpn_freq = -1, l1p_rule = -1;
+
+    // price (calc 1) or yield (calc 2) and the accrued interest, at settlement s; ex-dividend when x is given
+    double py(int32_t calc, double value, D s, double* ai, D x = {0, 0, 0}, int32_t validate = 1) const {
+        double result = 0.0;
+        uint32_t err = 0;
+        f.py_ai(day_type, eom, cpn_freq, calc, value, f.cpn_rate, s.m, s.d, s.y, x.m, x.d, x.y, x.m != 0 ? 1 : 0,
+                f.mat.m, f.mat.d, f.mat.y, 0, 0, 0, 0, 0, 0, 100.0, l1p_rule, f.opt1, f.opt2, &result, ai, validate,
+                &err);
+        EXPECT_EQ(err, 0u);
+        return result;
+    }
+    double ai(D s, D x = {0, 0, 0}) const {
+        double w = 0.0, c = 0.0;
+        int32_t n = 0;
+        uint32_t err = 0;
+        const double a = f.ai(s.m, s.d, s.y, x.m, x.d, x.y, x.m != 0 ? 1 : 0, f.mat.m, f.mat.d, f.mat.y, 0, 0, 0, 0, 0,
+                              0, 0, 0, 0, f.cpn_rate, day_type, eom, cpn_freq, f.opt1, f.opt2, -1, &w, &c, &n, 1, &err);
+        EXPECT_EQ(err, 0u);
+        return a;
+    }
+    double fpi(D s, D x) const {
+        int32_t m = 0, d = 0, y = 0;
+        uint32_t err = 0;
+        const double v = f.fpi(day_type, eom, cpn_freq, f.cpn_rate, s.m, s.d, s.y, x.m, x.d, x.y, 1, f.mat.m, f.mat.d,
+                               f.mat.y, 0, 0, 0, 0, 0, 0, 1000.0, f.opt1, f.opt2, -1, &m, &d, &y, 1, &err);
+        EXPECT_EQ(err, 0u);
+        return v;
+    }
+    double one_day(D s) const {
+        uint32_t err = 0;
+        const double v = f.one_di(day_type, eom, cpn_freq, f.cpn_rate, s.m, s.d, s.y, 0, 0, 0, 0, f.mat.m, f.mat.d,
+                                  f.mat.y, 0, 0, 0, 0, 0, 0, 1000.0, f.opt1, f.opt2, 1, &err);
+        EXPECT_EQ(err, 0u);
+        return v;
+    }
+};
+
+TEST(MarketFamilies, ConventionsRoundTripsAndMarketRules) {
+    for (const Family& f : families) {
+        SCOPED_TRACE(f.name);
+        const Call dflt{f};
+        double ai = 0.0, ai2 = 0.0;
+        // price -> yield -> price
+        const double price = dflt.py(1, 5.0, f.settle, &ai);
+        const double yld = dflt.py(2, price, f.settle, &ai2);
+        EXPECT_NEAR(yld, 5.0, 1e-7);
+        EXPECT_NEAR(dflt.py(1, yld, f.settle, &ai2), price, 1e-6);
+        EXPECT_EQ(ai, ai2);
+        // -1 is the market default; another value overrides it
+        const Call spelled{f, f.day_type, f.eom, f.cpn_freq, f.l1p_rule};
+        EXPECT_EQ(spelled.py(1, 5.0, f.settle, &ai2), price);
+        EXPECT_EQ(dflt.ai(f.settle), spelled.ai(f.settle));
+        const Call other{f, f.other_day_type};
+        EXPECT_NE(other.ai(f.settle), dflt.ai(f.settle));
+        // the l1p_rule switch shows in the final period only
+        const Call simple{f, -1, -1, -1, 2}, compound{f, -1, -1, -1, 1};
+        EXPECT_NE(simple.py(1, 5.0, f.last_period, &ai2), compound.py(1, 5.0, f.last_period, &ai2));
+        EXPECT_EQ(simple.py(1, 5.0, f.settle, &ai2), compound.py(1, 5.0, f.settle, &ai2));
+        // inside the ex-dividend window
+        EXPECT_LT(dflt.ai(f.ex_settle, f.exdiv), 0.0);
+        EXPECT_EQ(dflt.fpi(f.ex_settle, f.exdiv), 0.0);
+        EXPECT_GT(dflt.fpi(f.settle, f.exdiv), 0.0);
+        // one day's interest across the coupon date: the coupon less the accrued interest of the day before
+        const double across = dflt.one_day(f.coupon);
+        EXPECT_GT(across, 0.0);
+        EXPECT_NEAR(across, dflt.one_day(f.settle), 0.02 * across + 1e-9);
+    }
+}
+
+}  // namespace
