@@ -151,6 +151,21 @@ ORVEL_MKT_CFS(augb_cfs);
 ORVEL_MKT_RISK(augb_risk);
 ORVEL_MKT_I_EARN(augb_i_earn);
 
+/* ukgb: UK gilts. _ai, _py_ai and _risk take code 410 (actual/actual, semi-annual, no end-of-month rule,
+ * l1p_rule 1: compound to maturity, as the Debt Management Office's price/yield formula does); _1di, _fpi,
+ * _pip and _cfs take 411 (l1p_rule 2). Accrual bond_pp_ai: a coupon falling on a weekend is paid the next
+ * business day but accrual runs between the scheduled dates; inside the ex-dividend period (seven business
+ * days before the coupon) the buyer is owed -cpn_amt x days to the coupon / days in the period. Prices on
+ * bond_ppp_g1p / bond_ppy_g1p at the semi-annual yield (the next coupon as it is paid, none ex-dividend), and
+ * bond_ppp_l1p / bond_ppy_l1p in the final period under l1p_rule 2. No market options. */
+ORVEL_MKT_AI(ukgb_ai);
+ORVEL_MKT_PY_AI(ukgb_py_ai);
+ORVEL_MKT_RISK(ukgb_risk);
+ORVEL_MKT_1DI(ukgb_1di);
+ORVEL_MKT_FPI(ukgb_fpi);
+ORVEL_MKT_FPI(ukgb_pip);
+ORVEL_MKT_CFS(ukgb_cfs);
+
 /* ---- Ex-dividend dates ------------------------------------------------------------------------------- */
 
 

@@ -31,6 +31,7 @@ struct Family {
 const Family families[] = {
     // name    py_ai        ai        fpi        1di        day eom frq l1p  other cpn  mat            settle         exdiv          ex_settle      coupon         final period
     {"augb", augb_py_ai, augb_ai, augb_fpi, augb_1di, 5, 1, 1, 2, 1, 6.25, {7, 15, 2027}, {3, 10, 2020}, {7, 1, 2020}, {7, 10, 2020}, {7, 15, 2020}, {3, 10, 2027}, -1, -1},
+    {"ukgb", ukgb_py_ai, ukgb_ai, ukgb_fpi, ukgb_1di, 12, 0, 2, 1, 5, 4.25, {6, 7, 2032}, {3, 10, 2020}, {5, 28, 2020}, {6, 1, 2020}, {6, 7, 2020}, {3, 10, 2032}, -1, -1},
 };
 
 struct Call {
