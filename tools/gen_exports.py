@@ -29,6 +29,9 @@ take it, so that no member can drift from the others of its kind:
   name = shape_name [slot:new_name ...]       an export with the shape's result and arguments; a slot whose
                                               name starts with 'opt' (a market-option slot, i32) may be
                                               renamed for this member
+  ...shape_name                               in an argument list (of a shape or an entry): the arguments of
+                                              a shape declared before, in place (a family whose members
+                                              open with an argument of their own)
 A shape must come before its first use; an unknown shape, a rename of a slot that is not an option slot
 of the shape, or a new name that repeats another argument is refused.
 """
@@ -84,9 +87,11 @@ def read_entries(folder):
                 entries.append(current)
     parsed = []
     for e in entries:
-        words = e["words"]
+        words = splice(e, shapes)
+        e = {**e, "words": words}
         if words[0] == "@shape":
             shape = parse_entry({**e, "words": words[1:]})
+            shape["arg_words"] = words[3:]
             if shape["name"] in shapes:
                 raise ListError(f"{e['where']}: shape {shape['name']} already declared")
             shapes[shape["name"]] = shape
@@ -95,6 +100,20 @@ def read_entries(folder):
         else:
             parsed.append(parse_entry(e))
     return parsed
+
+
+def splice(e, shapes):
+    """The words of an entry with every ...shape_name replaced by that shape's argument words."""
+    words = []
+    for w in e["words"]:
+        if w.startswith("..."):
+            shape = shapes.get(w[3:])
+            if shape is None:
+                raise ListError(f"{e['where']}: unknown shape '{w[3:]}' in '{w}'")
+            words += shape["arg_words"]
+        else:
+            words.append(w)
+    return words
 
 
 def instantiate(e, shapes):

@@ -26,14 +26,14 @@
  * Validation (validate != 0), in order: the conventions, coupon rate and dates as ok_bond_in checks them
  * (500/501, 600/601, 4100, date errors + role, 2171 ...); 960 ex_type not 0 or 1; when ex_type is 1,
  * ok_exdiv_MDY (+9, 1609, 2191); then the market's options. Returns 0.0 on failure, outputs unwritten. */
-#define ORVEL_MKT_AI(name) \
-    ORVEL_EXPORT(double) name( \
+#define ORVEL_MKT_AI_PARAMS \
         int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t exdiv_dt_m, int32_t exdiv_dt_d, \
         int32_t exdiv_dt_y, int32_t ex_type, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, \
         int32_t dated_d, int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, \
         int32_t rsv_dt_m, int32_t rsv_dt_d, int32_t rsv_dt_y, double cpn_rate, int32_t day_type, \
         int32_t eom, int32_t cpn_freq, int32_t opt1, int32_t opt2, int32_t opt3, double* nxt_frac, \
-        double* cpn_amt, int32_t* n_after, int32_t validate, uint32_t* err_code)
+        double* cpn_amt, int32_t* n_after, int32_t validate, uint32_t* err_code
+#define ORVEL_MKT_AI(name) ORVEL_EXPORT(double) name(ORVEL_MKT_AI_PARAMS)
 
 /* _py_ai: calc_type 1 prices the yield value, 2 yields the clean price value (per 100), into *result; the
  * accrued interest of _ai goes to *ai. The kernel is the market's (below); l1p_rule 2 prices the final
@@ -41,41 +41,41 @@
  * Validation: ok_bond_in on the conventions, calc_type (200), value (4001 yield, 4002 price), coupon rate,
  * dates and redemptn (4200); then ex_type and options as _ai. Without validation a calc_type other than
  * 1 or 2 writes *ai and then fails with 200. Errors of the kernels: 4090, 4400, 9020. */
-#define ORVEL_MKT_PY_AI(name) \
-    ORVEL_EXPORT(void) name( \
+#define ORVEL_MKT_PY_AI_PARAMS \
         int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type, double value, double cpn_rate, \
         int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t exdiv_dt_m, int32_t exdiv_dt_d, \
         int32_t exdiv_dt_y, int32_t ex_type, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, \
         int32_t dated_d, int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, \
         double redemptn, int32_t l1p_rule, int32_t opt1, int32_t opt2, double* result, double* ai, \
-        int32_t validate, uint32_t* err_code)
+        int32_t validate, uint32_t* err_code
+#define ORVEL_MKT_PY_AI(name) ORVEL_EXPORT(void) name(ORVEL_MKT_PY_AI_PARAMS)
 
 /* _1di: the interest one day earns for a holding of face_k thousand: A1 - A0, the market's accrued interest
  * at settlement less that of the day before, times face_k x 10. When the two straddle a coupon date or the
  * ex-dividend date (A1 < A0), the coupon of the day before is added back (A1 - A0 + cpn_amt): across a
  * coupon date that is the coupon less A0, never a negative amount. 0 when settlement is the dated date.
  * Validation: as _ai, then 14100 face_k negative or not finite. */
-#define ORVEL_MKT_1DI(name) \
-    ORVEL_EXPORT(double) name( \
+#define ORVEL_MKT_1DI_PARAMS \
         int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate, int32_t settle_m, \
         int32_t settle_d, int32_t settle_y, int32_t exdiv_dt_m, int32_t exdiv_dt_d, int32_t exdiv_dt_y, \
         int32_t ex_type, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, \
         int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double face_k, \
-        int32_t opt1, int32_t opt2, int32_t validate, uint32_t* err_code)
+        int32_t opt1, int32_t opt2, int32_t validate, uint32_t* err_code
+#define ORVEL_MKT_1DI(name) ORVEL_EXPORT(double) name(ORVEL_MKT_1DI_PARAMS)
 
 /* _fpi (the next coupon payment) and _pip (the coupon of the period that settlement falls in, or ends),
  * for a holding of face_k thousand: cpn_amt x face_k x 10, with *pay the coupon date it is due on.
  * _fpi returns 0 when the bond trades ex-dividend (the seller receives that coupon). _pip at maturity looks
  * at the last period; on a coupon date it reports the coupon paid that day (as bond_pip).
  * Validation: as _ai, then 14100 face_k. */
-#define ORVEL_MKT_FPI(name) \
-    ORVEL_EXPORT(double) name( \
+#define ORVEL_MKT_FPI_PARAMS \
         int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate, int32_t settle_m, \
         int32_t settle_d, int32_t settle_y, int32_t exdiv_dt_m, int32_t exdiv_dt_d, int32_t exdiv_dt_y, \
         int32_t ex_type, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, \
         int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double face_k, \
         int32_t opt1, int32_t opt2, int32_t opt3, int32_t* pay_m, int32_t* pay_d, int32_t* pay_y, \
-        int32_t validate, uint32_t* err_code)
+        int32_t validate, uint32_t* err_code
+#define ORVEL_MKT_FPI(name) ORVEL_EXPORT(double) name(ORVEL_MKT_FPI_PARAMS)
 
 /* _cfs: the remaining flows of a holding of face_k thousand (per 100 x face_k x 10): for each coupon date
  * k < *count its date (cf_m, cf_d, cf_y), interest int_amts[k], principal prin_amts[k] (redemptn at maturity)
@@ -83,15 +83,15 @@
  * interest is 0. *ai is the accrued interest of the holding (negative ex-dividend). Returns the count.
  * Validation: as _ai, then 4200 redemptn, 14100 face_k (negative: with or without ex_type). Errors: 13000
  * capacity below the count (the count needed written to *count, arrays untouched), 4600. rsv is reserved. */
-#define ORVEL_MKT_CFS(name) \
-    ORVEL_EXPORT(int32_t) name( \
+#define ORVEL_MKT_CFS_PARAMS \
         int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate, int32_t settle_m, \
         int32_t settle_d, int32_t settle_y, int32_t exdiv_dt_m, int32_t exdiv_dt_d, int32_t exdiv_dt_y, \
         int32_t ex_type, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, \
         int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, double redemptn, \
         double face_k, int32_t opt1, int32_t opt2, int32_t opt3, int32_t rsv, int32_t capacity, \
         int32_t* cf_m, int32_t* cf_d, int32_t* cf_y, double* int_amts, double* prin_amts, double* times, \
-        int32_t* count, double* ai, int32_t validate, uint32_t* err_code)
+        int32_t* count, double* ai, int32_t validate, uint32_t* err_code
+#define ORVEL_MKT_CFS(name) ORVEL_EXPORT(int32_t) name(ORVEL_MKT_CFS_PARAMS)
 
 /* _risk: price and yield as _py_ai (*price, *yld, *ai), and at that yield: Macaulay and modified duration
  * in years and convexity of the flows the buyer receives (compounded per period at the yield restated at
@@ -100,8 +100,7 @@
  * kernel), *tot_int, *cpn_int, *ioi income to maturity with reinvestment at the yield (as bond_int_ioi),
  * the coupon dates around settlement, days accrued, in the period and remaining under day_type, and the
  * schedule numbers. Validation as _py_ai; errors as _py_ai. */
-#define ORVEL_MKT_RISK(name) \
-    ORVEL_EXPORT(void) name( \
+#define ORVEL_MKT_RISK_PARAMS \
         int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type, double value, double cpn_rate, \
         int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t exdiv_dt_m, int32_t exdiv_dt_d, \
         int32_t exdiv_dt_y, int32_t ex_type, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, \
@@ -111,7 +110,8 @@
         double* pvbp, double* tot_int, double* cpn_int, double* ioi, int32_t* prev_cpn_m, \
         int32_t* prev_cpn_d, int32_t* prev_cpn_y, int32_t* next_cpn_m, int32_t* next_cpn_d, \
         int32_t* next_cpn_y, int32_t* da, int32_t* dp, int32_t* dr, double* nxt_frac, double* cpn_amt, \
-        int32_t* n_after, int32_t validate, uint32_t* err_code)
+        int32_t* n_after, int32_t validate, uint32_t* err_code
+#define ORVEL_MKT_RISK(name) ORVEL_EXPORT(void) name(ORVEL_MKT_RISK_PARAMS)
 
 /* _i_earn: interest a holding of face_k thousand earns from `from` to `to` (from <= to < maturity): the
  * accrued interest at `to` less that at `from`, plus the coupons paid on coupon dates after `from` and on or
@@ -124,8 +124,7 @@
  * its days held. Conventions at arguments 25 to 27; rsv_dt reserved.
  * Validation: as _ai at `from` and at `to`, then 15803 `to` before `from`, 14100 face_k. Errors: 13000 capacity
  * below the number of periods (needed in *count). */
-#define ORVEL_MKT_I_EARN(name) \
-    ORVEL_EXPORT(double) name( \
+#define ORVEL_MKT_I_EARN_PARAMS \
         int32_t from_m, int32_t from_d, int32_t from_y, int32_t to_m, int32_t to_d, int32_t to_y, \
         int32_t exdiv_dt_m, int32_t exdiv_dt_d, int32_t exdiv_dt_y, int32_t ex_type, int32_t mat_m, \
         int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, \
@@ -137,7 +136,31 @@
         int32_t* from_ncd_d, int32_t* from_ncd_y, int32_t* to_pcd_m, int32_t* to_pcd_d, int32_t* to_pcd_y, \
         int32_t* to_ncd_m, int32_t* to_ncd_d, int32_t* to_ncd_y, int32_t capacity, int32_t* cf_m, \
         int32_t* cf_d, int32_t* cf_y, double* earned, double* paid, int32_t* days, int32_t* count, \
-        int32_t validate, uint32_t* err_code)
+        int32_t validate, uint32_t* err_code
+#define ORVEL_MKT_I_EARN(name) ORVEL_EXPORT(double) name(ORVEL_MKT_I_EARN_PARAMS)
+
+/* The members of a family that opens every member with an argument of its own (ustb: the engine's method
+ * code) have the shapes above after that argument. */
+#define ORVEL_MKT_UST_AI(name) ORVEL_EXPORT(double) name(int32_t method, ORVEL_MKT_AI_PARAMS)
+#define ORVEL_MKT_UST_PY_AI(name) ORVEL_EXPORT(void) name(int32_t method, ORVEL_MKT_PY_AI_PARAMS)
+#define ORVEL_MKT_UST_1DI(name) ORVEL_EXPORT(double) name(int32_t method, ORVEL_MKT_1DI_PARAMS)
+#define ORVEL_MKT_UST_FPI(name) ORVEL_EXPORT(double) name(int32_t method, ORVEL_MKT_FPI_PARAMS)
+#define ORVEL_MKT_UST_CFS(name) ORVEL_EXPORT(int32_t) name(int32_t method, ORVEL_MKT_CFS_PARAMS)
+#define ORVEL_MKT_UST_RISK(name) ORVEL_EXPORT(void) name(int32_t method, ORVEL_MKT_RISK_PARAMS)
+#define ORVEL_MKT_UST_I_EARN(name) ORVEL_EXPORT(double) name(int32_t method, ORVEL_MKT_I_EARN_PARAMS)
+
+/* _ifs_pfs: the interest and principal flows of a holding of face_k thousand (0 taken as 1), one entry a
+ * remaining coupon date k < *count: cf_m, cf_d, cf_y, int_flows[k], prin_flows[k] (the face at maturity).
+ * The method code as bond_ifs_pfs reads it (3, 6, 8: the regular schedule). Returns the count.
+ * Validation: the method (300, also without validation), then the bond as _ai and 14100 face_k. Errors:
+ * 13000 capacity below the count (needed in *count), 4600. */
+#define ORVEL_MKT_UST_IFS_PFS_PARAMS \
+        int32_t method, int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate, int32_t settle_m, \
+        int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, \
+        int32_t dated_d, int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, \
+        double face_k, int32_t capacity, int32_t* cf_m, int32_t* cf_d, int32_t* cf_y, double* int_flows, \
+        double* prin_flows, int32_t* count, int32_t validate, uint32_t* err_code
+#define ORVEL_MKT_UST_IFS_PFS(name) ORVEL_EXPORT(int32_t) name(ORVEL_MKT_UST_IFS_PFS_PARAMS)
 
 /* augb: Austrian government bonds, market code 110 (30E/360, annual, end of month; simple interest in the
  * final period, l1p_rule 2). Accrual bond_ex_ai (ex-dividend by ex_type), prices on aibd_p / aibd_y and
@@ -165,6 +188,23 @@ ORVEL_MKT_1DI(ukgb_1di);
 ORVEL_MKT_FPI(ukgb_fpi);
 ORVEL_MKT_FPI(ukgb_pip);
 ORVEL_MKT_CFS(ukgb_cfs);
+
+/* ustb: US Treasury notes and bonds, market code 10 (actual/actual, semi-annual, end of month). Every member
+ * opens with bond_py_ai's method code (1, 3..8; 300 otherwise, with or without validation): methods 3, 6 and
+ * 8 price on the regular schedule, an odd first coupon ignored (the accrued interest reported stays the
+ * bond's own), and method 6 takes a yield equal to the coupon as a price of exactly 100 and back. Accrual
+ * bond_ex_ai (the US market has no ex-dividend period: pass ex_type 0); prices on aibd_p / aibd_y, with
+ * bond_ptm_l1p / bond_ytm_l1p in the final period when l1p_rule is 2 (the market leaves it to the caller:
+ * -1 compounds). Conventions at arguments 2 to 4 in the members whose shape opens with them. */
+ORVEL_MKT_UST_AI(ustb_ai);
+ORVEL_MKT_UST_PY_AI(ustb_py_ai);
+ORVEL_MKT_UST_1DI(ustb_1di);
+ORVEL_MKT_UST_FPI(ustb_fpi);
+ORVEL_MKT_UST_FPI(ustb_pip);
+ORVEL_MKT_UST_CFS(ustb_cfs);
+ORVEL_MKT_UST_RISK(ustb_risk);
+ORVEL_MKT_UST_I_EARN(ustb_i_earn);
+ORVEL_MKT_UST_IFS_PFS(ustb_ifs_pfs);
 
 /* ---- Ex-dividend dates ------------------------------------------------------------------------------- */
 

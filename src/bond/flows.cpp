@@ -191,7 +191,7 @@ int32_t orvel::bond::holding_flows(const Date& settle, const Date& mat, const Da
         cf_y[k] = f.date.y;
         int_amts[k] = k == 0 && seller_keeps_next ? 0.0 : holding(f.coupon, face_k);
         prin_amts[k] = holding(f.principal, face_k);
-        times[k] = f.time;
+        if (times != nullptr) times[k] = f.time;
     }
     return n;
 }

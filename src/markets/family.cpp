@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "bond/dates.hpp"
+#include "bond/price_yield.hpp"
 #include "core/check.hpp"
 #include "core/defaults.hpp"
 #include "groups/dates.hpp"
@@ -79,6 +80,16 @@ double accrue(const Market& m, const Bond& b, const Options& o, Reduced* r, uint
                           : bond::pp_rule(plain, *r, b.settle, b.exdiv, b.ex_type, b.mat, b.dated, b.first_cpn,
                                           b.eom, b.cpn_freq, err);
     return m.rules.round_ai != nullptr ? m.rules.round_ai(ai, o) : ai;
+}
+
+// The reduction the market prices on: the settlement's own, or for a market that prices on the regular
+// schedule, the one with the dated date moved to 1901 and the first coupon to 1902 (as bond_py_ai's
+// methods 3, 6 and 8).
+double pricing_accrual(const Market& m, const Bond& b, const Options& o, double accrued, Reduced* r, uint32_t* err) {
+    if (!m.rules.regular_schedule) return accrued;
+    Bond regular = b;
+    bond::regular_dates(b.mat, &regular.dated, &regular.first_cpn, b.cpn_freq, b.eom);
+    return accrue(m, regular, o, r, err);
 }
 
 // A reduced bond priced by the market's kernels.
@@ -205,7 +216,16 @@ void py_ai(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq
         *err_code = ORVEL_E_SELECTOR;
         return;
     }
-    const Pricing p{market, r, accrued, cpn_rate, redemptn, cpn_freq, l1p_rule, o};
+    if (market.rules.par_at_coupon && (calc_type == 1 ? value == cpn_rate : value == 100.0)) {
+        *result = calc_type == 1 ? 100.0 : cpn_rate;  // at its coupon rate a bond is at par
+        return;
+    }
+    const double priced_ai = pricing_accrual(market, b, o, accrued, &r, &err);
+    if (err != 0) {
+        *err_code = err;
+        return;
+    }
+    const Pricing p{market, r, priced_ai, cpn_rate, redemptn, cpn_freq, l1p_rule, o};
     const double v = calc_type == 1 ? p.price(value, &err) : p.yield(value, &err);
     if (err != 0) {
         *err_code = err;
@@ -333,7 +353,8 @@ void risk(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq,
     Reduced r;
     uint32_t err = 0;
     const double accrued = accrue(market, b, o, &r, &err);
-    const Pricing p{market, r, accrued, cpn_rate, redemptn, cpn_freq, l1p_rule, o};
+    const double priced_ai = err != 0 ? 0.0 : pricing_accrual(market, b, o, accrued, &r, &err);
+    const Pricing p{market, r, priced_ai, cpn_rate, redemptn, cpn_freq, l1p_rule, o};
     // Each step runs only while the ones before it succeeded: the first failure is the one reported.
     const double y = err != 0 || calc_type == 1 ? value : p.yield(value, &err);
     const double px = err != 0 || calc_type == 2 ? value : p.price(value, &err);
@@ -348,7 +369,7 @@ void risk(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq,
         return;
     }
     Reduced received = r;  // the flows the buyer receives: not the next coupon ex-dividend
-    if (accrued < 0.0) received.cpn_amt = 0.0;
+    if (priced_ai < 0.0) received.cpn_amt = 0.0;
     const bool nothing_left = r.nxt_frac == 0.0 && r.n_after == 0;
     const bond::Moments mm = nothing_left ? bond::Moments{} : bond::walk_flows(received, cpn_rate, redemptn, cpn_freq, v);
     const double mac = nothing_left ? 0.0 : mm.time_pv / mm.pv / cpn_freq;
@@ -457,6 +478,27 @@ double i_earn(const Market& market, int32_t from_m, int32_t from_d, int32_t from
     write_date(around_to.previous, to_pcd_m, to_pcd_d, to_pcd_y);
     write_date(around_to.next, to_ncd_m, to_ncd_d, to_ncd_y);
     return bond::holding(a_to - a_from + total_paid, face_k);
+}
+
+int32_t ifs_pfs(const Market& market, int32_t, int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate,
+                int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d, int32_t mat_y,
+                int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d,
+                int32_t first_cpn_y, double face_k, int32_t capacity, int32_t* cf_m, int32_t* cf_d, int32_t* cf_y,
+                double* int_flows, double* prin_flows, int32_t* count, int32_t validate, uint32_t* err_code) {
+    Options o{-1, -1};
+    take_defaults(market, &day_type, &eom, &cpn_freq, nullptr, &o);
+    Bond b{{settle_m, settle_d, settle_y}, no_date, 0, {mat_m, mat_d, mat_y}, {dated_m, dated_d, dated_y},
+           {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
+    if (validate != 0 &&
+        !(valid_bond(market, b, given_yield, 1.0, 100.0, o, err_code) && valid_face(face_k, err_code)))
+        return 0;
+    if (market.rules.regular_schedule) bond::regular_dates(b.mat, &b.dated, &b.first_cpn, b.cpn_freq, b.eom);
+    Reduced r;
+    reduce_at(market, b, o, &r);
+    const int32_t n = bond::holding_flows(b.settle, b.mat, b.dated, b.first_cpn, r, cpn_rate, 100.0,
+                                          face_k == 0.0 ? 1.0 : face_k, false, b.eom, b.cpn_freq, capacity, cf_m,
+                                          cf_d, cf_y, int_flows, prin_flows, nullptr, count, err_code);
+    return n < 0 ? 0 : n;
 }
 
 }  // namespace orvel::markets

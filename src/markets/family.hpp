@@ -50,6 +50,8 @@ struct Rules {
     int32_t (*accrual_basis)(const Bond&, const Options&) = nullptr;     // the day count the accrual runs on
     double (*round_ai)(double ai, const Options&) = nullptr;            // the accrued interest as the market states it
     int32_t (*yield_freq)(int32_t cpn_freq, const Options&) = nullptr;  // the yield's compounding frequency
+    bool regular_schedule = false;  // prices on the regular schedule, an odd first coupon ignored
+    bool par_at_coupon = false;     // a yield equal to the coupon rate is a price of exactly 100, and back
     double tax1 = 0.0;  // G1p kernels: a fraction of the coupons and accrued interest
     double tax2 = 0.0;  // G1p kernels: a fraction of the gain to redemption
 };
@@ -117,6 +119,11 @@ double i_earn(const Market& market, int32_t from_m, int32_t from_d, int32_t from
     int32_t* to_pcd_y, int32_t* to_ncd_m, int32_t* to_ncd_d, int32_t* to_ncd_y, int32_t capacity, int32_t* cf_m,
     int32_t* cf_d, int32_t* cf_y, double* earned, double* paid, int32_t* days, int32_t* count, int32_t validate,
     uint32_t* err_code);
+int32_t ifs_pfs(const Market& market, int32_t method, int32_t day_type, int32_t eom, int32_t cpn_freq,
+    double cpn_rate, int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t mat_m, int32_t mat_d,
+    int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d,
+    int32_t first_cpn_y, double face_k, int32_t capacity, int32_t* cf_m, int32_t* cf_d, int32_t* cf_y,
+    double* int_flows, double* prin_flows, int32_t* count, int32_t validate, uint32_t* err_code);
 
 }  // namespace orvel::markets
 
@@ -160,6 +167,10 @@ double i_earn(const Market& market, int32_t from_m, int32_t from_d, int32_t from
     n_cpns, days_act, days_basis, from_pcd_m, from_pcd_d, from_pcd_y, from_ncd_m, from_ncd_d, from_ncd_y, \
     to_pcd_m, to_pcd_d, to_pcd_y, to_ncd_m, to_ncd_d, to_ncd_y, capacity, cf_m, cf_d, cf_y, earned, paid, \
     days, count, validate, err_code
+#define ORVEL_MKT_UST_IFS_PFS_ARGS \
+    method, day_type, eom, cpn_freq, cpn_rate, settle_m, settle_d, settle_y, mat_m, mat_d, mat_y, dated_m, \
+    dated_d, dated_y, first_cpn_m, first_cpn_d, first_cpn_y, face_k, capacity, cf_m, cf_d, cf_y, int_flows, \
+    prin_flows, count, validate, err_code
 
 // The export `name`, a member of `market`'s family, of each kind.
 #define ORVEL_MARKET_AI(name, market) \

@@ -7,6 +7,7 @@
 
 #include <string>
 
+#include "markets/family.hpp"
 #include "orvel/markets.h"
 
 namespace {
@@ -14,6 +15,12 @@ namespace {
 struct D {
     int32_t m, d, y;
 };
+
+// ustb's members open with the engine's method code; method 1 gives them the model shapes.
+ORVEL_MKT_PY_AI(ustb1_py_ai) { ustb_py_ai(1, ORVEL_MKT_PY_AI_ARGS); }
+ORVEL_MKT_AI(ustb1_ai) { return ustb_ai(1, ORVEL_MKT_AI_ARGS); }
+ORVEL_MKT_FPI(ustb1_fpi) { return ustb_fpi(1, ORVEL_MKT_FPI_ARGS); }
+ORVEL_MKT_1DI(ustb1_1di) { return ustb_1di(1, ORVEL_MKT_1DI_ARGS); }
 
 struct Family {
     const char* name;
@@ -32,6 +39,7 @@ const Family families[] = {
     // name    py_ai        ai        fpi        1di        day eom frq l1p  other cpn  mat            settle         exdiv          ex_settle      coupon         final period
     {"augb", augb_py_ai, augb_ai, augb_fpi, augb_1di, 5, 1, 1, 2, 1, 6.25, {7, 15, 2027}, {3, 10, 2020}, {7, 1, 2020}, {7, 10, 2020}, {7, 15, 2020}, {3, 10, 2027}, -1, -1},
     {"ukgb", ukgb_py_ai, ukgb_ai, ukgb_fpi, ukgb_1di, 12, 0, 2, 1, 5, 4.25, {6, 7, 2032}, {3, 10, 2020}, {5, 28, 2020}, {6, 1, 2020}, {6, 7, 2020}, {3, 10, 2032}, -1, -1},
+    {"ustb", ustb1_py_ai, ustb1_ai, ustb1_fpi, ustb1_1di, 1, 1, 2, -1, 5, 2.875, {5, 15, 2028}, {3, 10, 2020}, {5, 1, 2020}, {5, 5, 2020}, {5, 15, 2020}, {3, 10, 2028}, -1, -1},
 };
 
 struct Call {
