@@ -206,6 +206,26 @@ ORVEL_MKT_UST_RISK(ustb_risk);
 ORVEL_MKT_UST_I_EARN(ustb_i_earn);
 ORVEL_MKT_UST_IFS_PFS(ustb_ifs_pfs);
 
+/* frgb: French government bonds (OATs), market code 190 (actual/actual, annual, end of month; l1p_rule 1:
+ * compound to maturity, the French yield being an annual actuarial rate to the last flow). Accrual
+ * bond_ex_ai, prices on aibd_p / aibd_y. opt1 is mkt_opt8 (default 0): the decimals to which the accrued
+ * interest per 100 is rounded half up before it is reported and priced on, 0 unrounded; 0..9, else 15802.
+ * The _ad_ members state the accrued interest as the Paris market publishes the coupon couru, in percent of
+ * the nominal to 3 decimals (mkt_opt8, when not 0, sets other decimals), and price on that amount. _sd_ai
+ * counts the settlement day itself: the accrual runs to the day after settlement. */
+ORVEL_MKT_AI(frgb_ai);
+ORVEL_MKT_PY_AI(frgb_py_ai);
+ORVEL_MKT_1DI(frgb_1di);
+ORVEL_MKT_FPI(frgb_fpi);
+ORVEL_MKT_FPI(frgb_pip);
+ORVEL_MKT_CFS(frgb_cfs);
+ORVEL_MKT_RISK(frgb_risk);
+ORVEL_MKT_I_EARN(frgb_i_earn);
+ORVEL_MKT_AI(frgb_ad_ai);
+ORVEL_MKT_PY_AI(frgb_ad_py);
+ORVEL_MKT_RISK(frgb_ad_risk);
+ORVEL_MKT_AI(frgb_sd_ai);
+
 /* ---- Ex-dividend dates ------------------------------------------------------------------------------- */
 
 

@@ -66,7 +66,8 @@ bool valid_face(double face_k, uint32_t* err_code) {
 // The schedule numbers at settlement on the market's accrual basis, and the plain accrued interest.
 double reduce_at(const Market& m, const Bond& b, const Options& o, Reduced* r) {
     const int32_t basis = m.rules.accrual_basis != nullptr ? m.rules.accrual_basis(b, o) : b.day_type;
-    return bond::reduce(b.settle, b.mat, b.dated, b.first_cpn, b.cpn_rate, basis, b.eom, b.cpn_freq, r);
+    const Date to = m.rules.accrual_days_after == 0 ? b.settle : bond::step_days(b.settle, m.rules.accrual_days_after);
+    return bond::reduce(to, b.mat, b.dated, b.first_cpn, b.cpn_rate, basis, b.eom, b.cpn_freq, r);
 }
 
 // Step 3: the market's accrued interest (the engine's ex-dividend or pay-day rule, the market's rounding).
