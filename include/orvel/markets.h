@@ -226,6 +226,41 @@ ORVEL_MKT_PY_AI(frgb_ad_py);
 ORVEL_MKT_RISK(frgb_ad_risk);
 ORVEL_MKT_AI(frgb_sd_ai);
 
+/* itgb: Italian government bonds (BTPs), market code 250 (actual/actual, end of month; no default coupon
+ * frequency: -1 left in cpn_freq is refused with 601, pass 2). opt1 is mkt_opt7 (default 5): the accrued
+ * interest per 100 rounded half up to that many decimals, as Italian settlement states the rateo (0
+ * unrounded; 0..9, else 15802). opt2 is mkt_opt8 (default 1): the yield's compounding frequency; Italian
+ * yields are annual effective rates on semi-annual coupons, so 6 % semi-annual reads 6.09 (bond_yld_equ;
+ * 1, 2, 4, 12, else 15800/15801). Accrual bond_ex_ai; prices on bond_ptm_g1p / bond_ytm_g1p, compound to
+ * maturity (l1p_rule 2 asks the taxed final-period kernels).
+ * Tax twins (_1di_tax, _cfs_tax, _fpi_tax, _ie_tax, _pip_tax, _py_tax, risktax): the 12.5 % withholding on
+ * government bond interest: the taxed kernels with tax1 = 12.5 % (the net yield of the Italian press) and
+ * every interest amount of a holding net of 12.5 %. 1997-rule twins (_ai_97t, _cfs_97t, _py_97t, risk97t):
+ * since 1997 the 12.5 % substitute tax falls on accrued interest as it accrues and on the discount to
+ * redemption: the accrued interest is reported net of 12.5 %, prices and yields tax both the coupons
+ * (tax1) and the gain to redemption (tax2); a holding's flows, which know no purchase price, are those of
+ * _cfs_tax. _p1_ai counts the settlement day itself (the accrual runs to the day after settlement). */
+ORVEL_MKT_AI(itgb_ai);
+ORVEL_MKT_PY_AI(itgb_py_ai);
+ORVEL_MKT_1DI(itgb_1di);
+ORVEL_MKT_FPI(itgb_fpi);
+ORVEL_MKT_FPI(itgb_pip);
+ORVEL_MKT_CFS(itgb_cfs);
+ORVEL_MKT_RISK(itgb_risk);
+ORVEL_MKT_I_EARN(itgb_i_earn);
+ORVEL_MKT_1DI(itgb_1di_tax);
+ORVEL_MKT_CFS(itgb_cfs_tax);
+ORVEL_MKT_FPI(itgb_fpi_tax);
+ORVEL_MKT_I_EARN(itgb_ie_tax);
+ORVEL_MKT_FPI(itgb_pip_tax);
+ORVEL_MKT_PY_AI(itgb_py_tax);
+ORVEL_MKT_RISK(itgb_risktax);
+ORVEL_MKT_AI(itgb_ai_97t);
+ORVEL_MKT_CFS(itgb_cfs_97t);
+ORVEL_MKT_PY_AI(itgb_py_97t);
+ORVEL_MKT_RISK(itgb_risk97t);
+ORVEL_MKT_AI(itgb_p1_ai);
+
 /* ---- Ex-dividend dates ------------------------------------------------------------------------------- */
 
 

@@ -140,6 +140,9 @@ struct Pricing {
     }
 };
 
+// An interest amount as the holder receives it, net of what the market withholds.
+double net(const Market& m, double interest) { return m.rules.withheld == 0.0 ? interest : interest * (1.0 - m.rules.withheld); }
+
 bool same_date(const Date& a, const Date& b) { return a.m == b.m && a.d == b.d && a.y == b.y; }
 
 // One day's interest per 100 at settlement: A1 - A0, with the day before's coupon added back when the two
@@ -189,7 +192,7 @@ double ai(const Market& market, int32_t settle_m, int32_t settle_d, int32_t sett
     *nxt_frac = r.nxt_frac;
     *cpn_amt = r.cpn_amt;
     *n_after = r.n_after;
-    return accrued;
+    return net(market, accrued);
 }
 
 void py_ai(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t calc_type, double value,
@@ -251,7 +254,7 @@ double one_day(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_
         return 0.0;
     uint32_t err = 0;
     const double day = one_day_at(market, b, o, &err);
-    return err != 0 ? bond::fail_price(err_code, err) : bond::holding(day, face_k);
+    return err != 0 ? bond::fail_price(err_code, err) : bond::holding(net(market, day), face_k);
 }
 
 double fpi(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate, int32_t settle_m,
@@ -274,7 +277,7 @@ double fpi(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq
     const double accrued = accrue(market, b, o, &r, &err);
     if (err != 0) return bond::fail_price(err_code, err);
     write_date(coupons_of(b, b.settle).next, pay_m, pay_d, pay_y);
-    return accrued < 0.0 ? 0.0 : bond::holding(r.cpn_amt, face_k);  // ex-dividend: the seller's coupon
+    return accrued < 0.0 ? 0.0 : bond::holding(net(market, r.cpn_amt), face_k);  // ex-dividend: the seller's coupon
 }
 
 double pip(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate, int32_t settle_m,
@@ -299,7 +302,7 @@ double pip(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq
     Reduced r;
     reduce_at(market, b, o, &r);
     write_date(coupons_of(b, b.settle).next, pay_m, pay_d, pay_y);
-    return bond::holding(r.cpn_amt, face_k);
+    return bond::holding(net(market, r.cpn_amt), face_k);
 }
 
 int32_t cfs(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate, int32_t settle_m,
@@ -326,7 +329,8 @@ int32_t cfs(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_fre
                                           accrued < 0.0, b.eom, b.cpn_freq, capacity, cf_m, cf_d, cf_y, int_amts,
                                           prin_amts, times, count, err_code);
     if (n < 0) return 0;
-    *ai = bond::holding(accrued, face_k);
+    for (int32_t k = 0; k < n; ++k) int_amts[k] = net(market, int_amts[k]);
+    *ai = bond::holding(net(market, accrued), face_k);
     return n;
 }
 
@@ -458,18 +462,18 @@ double i_earn(const Market& market, int32_t from_m, int32_t from_d, int32_t from
         reduce_at(market, last_day, o, &before);
         const double coupon = is_coupon ? before.cpn_amt : 0.0;
         write_date(end, &cf_m[k], &cf_d[k], &cf_y[k]);
-        earned[k] = bond::holding((is_coupon ? coupon : a_to) - start_ai, face_k);
-        paid[k] = bond::holding(coupon, face_k);
+        earned[k] = bond::holding(net(market, (is_coupon ? coupon : a_to) - start_ai), face_k);
+        paid[k] = bond::holding(net(market, coupon), face_k);
         days[k] = bond::days_between(start, end, bond::actual_days);
         total_paid += coupon;
         start = end;
         start_ai = 0.0;
     }
     *count = pieces;
-    *ai_from = a_from;
-    *ai_to = a_to;
-    *cpn_paid = bond::holding(total_paid, face_k);
-    *one_day = bond::holding(day, face_k);
+    *ai_from = net(market, a_from);
+    *ai_to = net(market, a_to);
+    *cpn_paid = bond::holding(net(market, total_paid), face_k);
+    *one_day = bond::holding(net(market, day), face_k);
     *cpn_amt = r_to.cpn_amt;
     *n_cpns = coupons;
     *days_act = bond::days_between(from, to, bond::actual_days);
@@ -478,7 +482,7 @@ double i_earn(const Market& market, int32_t from_m, int32_t from_d, int32_t from
     write_date(around_from.next, from_ncd_m, from_ncd_d, from_ncd_y);
     write_date(around_to.previous, to_pcd_m, to_pcd_d, to_pcd_y);
     write_date(around_to.next, to_ncd_m, to_ncd_d, to_ncd_y);
-    return bond::holding(a_to - a_from + total_paid, face_k);
+    return bond::holding(net(market, a_to - a_from + total_paid), face_k);
 }
 
 int32_t ifs_pfs(const Market& market, int32_t, int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate,

@@ -55,6 +55,7 @@ struct Rules {
     bool par_at_coupon = false;     // a yield equal to the coupon rate is a price of exactly 100, and back
     double tax1 = 0.0;  // G1p kernels: a fraction of the coupons and accrued interest
     double tax2 = 0.0;  // G1p kernels: a fraction of the gain to redemption
+    double withheld = 0.0;  // the fraction of every interest amount a holding member reports that is withheld
 };
 
 struct Market {

@@ -33,6 +33,7 @@ struct Family {
     double cpn_rate;
     D mat, settle, exdiv, ex_settle, coupon, last_period;  // a coupon date; a settlement in the final period
     int32_t opt1, opt2;
+    int32_t freq_given = -1;  // what a caller passes for cpn_freq where the market has no default
 };
 
 const Family families[] = {
@@ -40,12 +41,13 @@ const Family families[] = {
     {"augb", augb_py_ai, augb_ai, augb_fpi, augb_1di, 5, 1, 1, 2, 1, 6.25, {7, 15, 2027}, {3, 10, 2020}, {7, 1, 2020}, {7, 10, 2020}, {7, 15, 2020}, {3, 10, 2027}, -1, -1},
     {"ukgb", ukgb_py_ai, ukgb_ai, ukgb_fpi, ukgb_1di, 12, 0, 2, 1, 5, 4.25, {6, 7, 2032}, {3, 10, 2020}, {5, 28, 2020}, {6, 1, 2020}, {6, 7, 2020}, {3, 10, 2032}, -1, -1},
     {"ustb", ustb1_py_ai, ustb1_ai, ustb1_fpi, ustb1_1di, 1, 1, 2, -1, 5, 2.875, {5, 15, 2028}, {3, 10, 2020}, {5, 1, 2020}, {5, 5, 2020}, {5, 15, 2020}, {3, 10, 2028}, -1, -1},
+    {"itgb", itgb_py_ai, itgb_ai, itgb_fpi, itgb_1di, 12, 1, 2, -1, 5, 3.5, {3, 1, 2030}, {3, 10, 2020}, {8, 20, 2020}, {8, 25, 2020}, {9, 1, 2020}, {10, 10, 2029}, 0, -1, 2},
     {"frgb", frgb_py_ai, frgb_ai, frgb_fpi, frgb_1di, 1, 1, 1, 1, 5, 5.5, {4, 25, 2029}, {3, 10, 2020}, {4, 16, 2020}, {4, 20, 2020}, {4, 25, 2020}, {3, 10, 2029}, -1, -1},
 };
 
 struct Call {
     const Family& f;
-    int32_t day_type = -1, eom = -1, cpn_freq = -1, l1p_rule = -1;
+    int32_t day_type = -1, eom = -1, cpn_freq = f.freq_given, l1p_rule = -1;
 
     // price (calc 1) or yield (calc 2) and the accrued interest, at settlement s; ex-dividend when x is given
     double py(int32_t calc, double value, D s, double* ai, D x = {0, 0, 0}, int32_t validate = 1) const {
@@ -98,10 +100,10 @@ TEST(MarketFamilies, ConventionsRoundTripsAndMarketRules) {
         const Call spelled{f, f.day_type, f.eom, f.cpn_freq, f.l1p_rule};
         EXPECT_EQ(spelled.py(1, 5.0, f.settle, &ai2), price);
         EXPECT_EQ(dflt.ai(f.settle), spelled.ai(f.settle));
-        const Call other{f, f.other_day_type};
+        const Call other{f, f.other_day_type, -1, f.freq_given};
         EXPECT_NE(other.ai(f.settle), dflt.ai(f.settle));
         // the l1p_rule switch shows in the final period only
-        const Call simple{f, -1, -1, -1, 2}, compound{f, -1, -1, -1, 1};
+        const Call simple{f, -1, -1, f.freq_given, 2}, compound{f, -1, -1, f.freq_given, 1};
         EXPECT_NE(simple.py(1, 5.0, f.last_period, &ai2), compound.py(1, 5.0, f.last_period, &ai2));
         EXPECT_EQ(simple.py(1, 5.0, f.settle, &ai2), compound.py(1, 5.0, f.settle, &ai2));
         // inside the ex-dividend window
