@@ -261,6 +261,155 @@ ORVEL_MKT_PY_AI(itgb_py_97t);
 ORVEL_MKT_RISK(itgb_risk97t);
 ORVEL_MKT_AI(itgb_p1_ai);
 
+/* acgb: Australian Commonwealth government bonds, market code 100 (actual/actual, semi-annual, end of month,
+ * l1p_rule 2). opt1 is odd_day_type (default 12, actual/365): the day count of the accrual while settlement
+ * lies before a first coupon that is out of step with the dated date (ok_cpn_sync fails), as the market
+ * prices a new line's odd first period; 500/501 when not 1..13. Accrual bond_ex_ai (ex-interest seven days
+ * before the coupon), prices on aibd_p / aibd_y and bond_ptm_l1p / bond_ytm_l1p. */
+ORVEL_MKT_AI(acgb_ai);
+ORVEL_MKT_PY_AI(acgb_py_ai);
+ORVEL_MKT_1DI(acgb_1di);
+ORVEL_MKT_FPI(acgb_fpi);
+ORVEL_MKT_FPI(acgb_pip);
+ORVEL_MKT_CFS(acgb_cfs);
+ORVEL_MKT_RISK(acgb_risk);
+ORVEL_MKT_I_EARN(acgb_i_earn);
+
+/* argb: Argentine government bonds, market code 90 (30E/360, semi-annual, end of month, l1p_rule 2). Accrual
+ * bond_ex_ai, prices on aibd_p / aibd_y and the simple final-period kernels. No market options. */
+ORVEL_MKT_AI(argb_ai);
+ORVEL_MKT_PY_AI(argb_py_ai);
+ORVEL_MKT_1DI(argb_1di);
+ORVEL_MKT_FPI(argb_fpi);
+ORVEL_MKT_FPI(argb_pip);
+ORVEL_MKT_CFS(argb_cfs);
+ORVEL_MKT_RISK(argb_risk);
+ORVEL_MKT_I_EARN(argb_i_earn);
+
+/* blgb: Belgian government bonds (OLOs), market code 120 (30E/360, annual, end of month, l1p_rule 1). Prices
+ * on the bond_ptm_g1p / bond_ytm_g1p pair (a zero yield has its closed form). opt1 is mkt_opt5 (default 5)
+ * in _ai, _i_earn, _py_ai and _risk: the accrued interest per 100 rounded half up to that many decimals, as
+ * Belgian settlement states it (0 unrounded; 0..9, else 15802); the other members accrue unrounded. */
+ORVEL_MKT_AI(blgb_ai);
+ORVEL_MKT_PY_AI(blgb_py_ai);
+ORVEL_MKT_RISK(blgb_risk);
+ORVEL_MKT_I_EARN(blgb_i_earn);
+ORVEL_MKT_1DI(blgb_1di);
+ORVEL_MKT_FPI(blgb_fpi);
+ORVEL_MKT_FPI(blgb_pip);
+ORVEL_MKT_CFS(blgb_cfs);
+
+/* dngb: Danish government bonds, market code 160 (30E/360, annual, end of month). Accrual bond_ex_ai (the
+ * market trades ex-coupon for a month before the coupon); compound yield to maturity (aibd_p / aibd_y; the
+ * market sets no l1p_rule, and only 2 from the caller asks for simple interest). No market options. */
+ORVEL_MKT_AI(dngb_ai);
+ORVEL_MKT_PY_AI(dngb_py_ai);
+ORVEL_MKT_1DI(dngb_1di);
+ORVEL_MKT_FPI(dngb_fpi);
+ORVEL_MKT_FPI(dngb_pip);
+ORVEL_MKT_CFS(dngb_cfs);
+ORVEL_MKT_RISK(dngb_risk);
+ORVEL_MKT_I_EARN(dngb_i_earn);
+
+/* dusl: Dutch state loans (DSLs), market code 290 (30E/360, annual, end of month). Accrual bond_ai (ex_type
+ * 0: no ex-coupon period); price or yield by aibd_py_exai's compound kernels to maturity. No market options. */
+ORVEL_MKT_AI(dusl_ai);
+ORVEL_MKT_PY_AI(dusl_py_ai);
+ORVEL_MKT_1DI(dusl_1di);
+ORVEL_MKT_FPI(dusl_fpi);
+ORVEL_MKT_FPI(dusl_pip);
+ORVEL_MKT_CFS(dusl_cfs);
+ORVEL_MKT_RISK(dusl_risk);
+ORVEL_MKT_I_EARN(dusl_i_earn);
+
+/* fngb: Finnish government bonds, market code 180 (30E/360, annual, end of month, l1p_rule 2). Accrual
+ * bond_ai (or bond_ex_ai by ex_type), prices on aibd_p / aibd_y and the simple final-period kernels. */
+ORVEL_MKT_AI(fngb_ai);
+ORVEL_MKT_PY_AI(fngb_py_ai);
+ORVEL_MKT_1DI(fngb_1di);
+ORVEL_MKT_FPI(fngb_fpi);
+ORVEL_MKT_FPI(fngb_pip);
+ORVEL_MKT_CFS(fngb_cfs);
+ORVEL_MKT_RISK(fngb_risk);
+ORVEL_MKT_I_EARN(fngb_i_earn);
+
+/* grgb: Greek government bonds, market code 200 (30E/360, annual, end of month). Accrual bond_ex_ai (ex-coupon
+ * thirty days before the coupon); compound yield to maturity on aibd_p / aibd_y. No market options. */
+ORVEL_MKT_AI(grgb_ai);
+ORVEL_MKT_PY_AI(grgb_py_ai);
+ORVEL_MKT_1DI(grgb_1di);
+ORVEL_MKT_FPI(grgb_fpi);
+ORVEL_MKT_FPI(grgb_pip);
+ORVEL_MKT_CFS(grgb_cfs);
+ORVEL_MKT_RISK(grgb_risk);
+ORVEL_MKT_I_EARN(grgb_i_earn);
+
+/* irgb: Irish government bonds, market code 230 (actual/365 variant 12, semi-annual, no end-of-month rule).
+ * Coupons paid on the business day: accrual bond_pp_ai (ex-dividend as the coupon's share of the period
+ * left); compound yield to maturity on aibd_p / aibd_y. No market options. */
+ORVEL_MKT_AI(irgb_ai);
+ORVEL_MKT_PY_AI(irgb_py_ai);
+ORVEL_MKT_1DI(irgb_1di);
+ORVEL_MKT_FPI(irgb_fpi);
+ORVEL_MKT_FPI(irgb_pip);
+ORVEL_MKT_CFS(irgb_cfs);
+ORVEL_MKT_RISK(irgb_risk);
+ORVEL_MKT_I_EARN(irgb_i_earn);
+
+/* nzgb: New Zealand government bonds, market code 310 (actual/actual, semi-annual, end of month, l1p_rule 2).
+ * Accrual bond_ex_ai (ex-interest nine days before the coupon), prices on aibd_p / aibd_y and the simple
+ * final-period kernels. No market options. */
+ORVEL_MKT_AI(nzgb_ai);
+ORVEL_MKT_PY_AI(nzgb_py_ai);
+ORVEL_MKT_1DI(nzgb_1di);
+ORVEL_MKT_FPI(nzgb_fpi);
+ORVEL_MKT_FPI(nzgb_pip);
+ORVEL_MKT_CFS(nzgb_cfs);
+ORVEL_MKT_RISK(nzgb_risk);
+ORVEL_MKT_I_EARN(nzgb_i_earn);
+
+/* sdgb: Swedish government bonds, market code 370 (30E/360, annual, end of month, l1p_rule 2). Accrual
+ * bond_ex_ai (ex-coupon days before the coupon), prices on aibd_p / aibd_y and the simple final-period
+ * kernels. No market options. */
+ORVEL_MKT_AI(sdgb_ai);
+ORVEL_MKT_PY_AI(sdgb_py_ai);
+ORVEL_MKT_1DI(sdgb_1di);
+ORVEL_MKT_FPI(sdgb_fpi);
+ORVEL_MKT_FPI(sdgb_pip);
+ORVEL_MKT_CFS(sdgb_cfs);
+ORVEL_MKT_RISK(sdgb_risk);
+ORVEL_MKT_I_EARN(sdgb_i_earn);
+
+/* spgb: Spanish government bonds, market code 360 (actual/365 variant 12, end of month; no default coupon
+ * frequency: -1 left in cpn_freq is refused with 601). Prices on the g1p kernels at a yield compounded
+ * mkt_opt7 times a year (opt1, default 1: Spanish yields are annual effective rates whatever the coupon
+ * frequency; 1, 2, 4, 12, else 15800/15801), converted by bond_yld_equ. No _i_earn. */
+ORVEL_MKT_AI(spgb_ai);
+ORVEL_MKT_PY_AI(spgb_py_ai);
+ORVEL_MKT_1DI(spgb_1di);
+ORVEL_MKT_FPI(spgb_fpi);
+ORVEL_MKT_FPI(spgb_pip);
+ORVEL_MKT_CFS(spgb_cfs);
+ORVEL_MKT_RISK(spgb_risk);
+
+/* swgb: Swiss government bonds, market code 380 (30/360 SIA, annual, end of month). Accrual bond_ai (or
+ * bond_ex_ai by ex_type), compound yield to maturity on aibd_p / aibd_y. No _i_earn; no market options. */
+ORVEL_MKT_AI(swgb_ai);
+ORVEL_MKT_PY_AI(swgb_py_ai);
+ORVEL_MKT_1DI(swgb_1di);
+ORVEL_MKT_FPI(swgb_fpi);
+ORVEL_MKT_FPI(swgb_pip);
+ORVEL_MKT_CFS(swgb_cfs);
+ORVEL_MKT_RISK(swgb_risk);
+
+/* gmbf, gmms: German federal securities priced to maturity, market code 170, which gives only day_type
+ * (30E/360): pass eom and cpn_freq. Accrual bond_ex_ai, compound yield to maturity on aibd_p / aibd_y.
+ * _py_ai and _risk only. */
+ORVEL_MKT_PY_AI(gmbf_py_ai);
+ORVEL_MKT_RISK(gmbf_risk);
+ORVEL_MKT_PY_AI(gmms_py_ai);
+ORVEL_MKT_RISK(gmms_risk);
+
 /* ---- Ex-dividend dates ------------------------------------------------------------------------------- */
 
 
