@@ -5,6 +5,7 @@
 // tests/calls/markets.calls.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 #include "markets/family.hpp"
@@ -127,6 +128,36 @@ TEST(MarketFamilies, ConventionsRoundTripsAndMarketRules) {
         EXPECT_GT(across, 0.0);
         EXPECT_NEAR(across, dflt.one_day(f.settle), 0.02 * across + 1e-9);
     }
+}
+
+}  // namespace
+
+namespace {
+
+// The yield solves at a yield of its own frequency (annual yields on semi-annual coupons, as itgb and spgb
+// quote): every price of a sweep comes back to its yield within a few interpolation steps; a price no yield
+// reaches ends with 9020 rather than looping.
+TEST(MarketFamilies, YieldSolvesAtTheirOwnFrequency) {
+    int most_steps = 0;
+    for (int32_t n : {1, 5, 20, 60})
+        for (double cpn : {0.0, 3.0, 15.0})
+            for (double y : {0.5, 4.0, 12.0, 30.0}) {
+                const orvel::bond::Terms t{cpn, 100.0, 0.0, 0.0, 2, n, 0.4, cpn / 2, 0.6 * cpn / 2};
+                uint32_t err = 0;
+                const double price = orvel::bond::price_ppp(t, 1, y, &err);
+                orvel::SolveStats stats;
+                const double back = orvel::bond::yield_ppp(t, 1, price, &err, &stats);
+                SCOPED_TRACE(testing::Message() << "n " << n << " cpn " << cpn << " y " << y);
+                ASSERT_EQ(err, 0u);
+                EXPECT_NEAR(back, y, 1e-5);
+                most_steps = std::max(most_steps, stats.steps);
+            }
+    RecordProperty("most_steps", most_steps);
+    EXPECT_LE(most_steps, 10);  // recorded: 9 at most, far from the cap of 1,000
+    const orvel::bond::Terms t{5.0, 100.0, 0.0, 0.0, 2, 5, 0.4, 2.5, 1.5};
+    uint32_t err = 0;
+    EXPECT_EQ(orvel::bond::yield_ppp(t, 1, 1e300, &err), 0.0);
+    EXPECT_EQ(err, 9020u);
 }
 
 }  // namespace
