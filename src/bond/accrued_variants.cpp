@@ -125,8 +125,9 @@ ORVEL_EXPORT(double) bond_ex_ai(int32_t trade_m, int32_t trade_d, int32_t trade_
     *nxt_frac = r.nxt_frac;
     *cpn_amt = r.cpn_amt;
     *n_after = r.n_after;
-    const double ex = orvel::bond::ex_rule(ai, r, Date{trade_m, trade_d, trade_y}, settle, Date{exdiv_m, exdiv_d, exdiv_y},
-                                           ex_type, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, &err);
+    const Date trade{trade_m, trade_d, trade_y}, exdiv{exdiv_m, exdiv_d, exdiv_y};
+    const double ex = orvel::bond::ex_rule(ai, r, trade, settle, exdiv, ex_type, mat, dated, first_cpn, cpn_rate,
+                                           day_type, eom, cpn_freq, &err);
     return err != 0 ? orvel::bond::fail_price(err_code, err) : ex;
 }
 

@@ -67,8 +67,9 @@ Income income_to_maturity(double yld, int32_t cpn_freq, double cpn_rate, double 
                           double nxt_frac);
 
 // The remaining flows of a holding of face_k thousand into the caller's arrays (dates, interest, principal,
-// time in periods, unless times is null), the next coupon left out when the seller keeps it (ex-dividend). Returns the count, or
-// -1 with 4600 (a schedule no calendar can date) or 13000 (capacity too small, the count needed written).
+// time in periods unless times is null), the next coupon left out when the seller keeps it (ex-dividend).
+// Returns the count, or -1 with 4600 (a schedule no calendar can date) or 13000 (capacity too small, the
+// count needed written).
 int32_t holding_flows(const Date& settle, const Date& mat, const Date& dated, const Date& first_cpn, const Reduced& r,
                       double cpn_rate, double redemptn, double face_k, bool seller_keeps_next, int32_t eom,
                       int32_t cpn_freq, int32_t capacity, int32_t* cf_m, int32_t* cf_d, int32_t* cf_y,

@@ -17,7 +17,8 @@ bool odd_basis_known(const Options& o, uint32_t* err) {
 // The accrual's day count: odd_day_type while settlement is before a first coupon out of step with the
 // dated date, day_type otherwise.
 int32_t accrual_basis(const Bond& b, const Options& o) {
-    const bool before_first = !is_blank(b.first_cpn) && bond::days_between(b.settle, b.first_cpn, bond::actual_days) > 0;
+    const bool before_first =
+        !is_blank(b.first_cpn) && bond::days_between(b.settle, b.first_cpn, bond::actual_days) > 0;
     const bool out_of_step = !is_blank(b.dated) && !same_cycle(b.dated, b.first_cpn, b.eom, b.cpn_freq);
     return before_first && out_of_step ? o.opt1 : b.day_type;
 }

@@ -141,7 +141,9 @@ struct Pricing {
 };
 
 // An interest amount as the holder receives it, net of what the market withholds.
-double net(const Market& m, double interest) { return m.rules.withheld == 0.0 ? interest : interest * (1.0 - m.rules.withheld); }
+double net(const Market& m, double interest) {
+    return m.rules.withheld == 0.0 ? interest : interest * (1.0 - m.rules.withheld);
+}
 
 bool same_date(const Date& a, const Date& b) { return a.m == b.m && a.d == b.d && a.y == b.y; }
 
@@ -180,10 +182,8 @@ double ai(const Market& market, int32_t settle_m, int32_t settle_d, int32_t sett
           int32_t* n_after, int32_t validate, uint32_t* err_code) {
     Options o{opt1, opt2};
     take_defaults(market, &day_type, &eom, &cpn_freq, nullptr, &o);
-    const Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type,
-                 {mat_m, mat_d, mat_y},          {dated_m, dated_d, dated_y},          {first_cpn_m, first_cpn_d, first_cpn_y},
-                 cpn_rate,                       day_type,                             eom,
-                 cpn_freq};
+    const Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
+             {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
     if (validate != 0 && !valid_bond(market, b, given_yield, 1.0, 100.0, o, err_code)) return 0.0;
     Reduced r;
     uint32_t err = 0;
@@ -203,10 +203,8 @@ void py_ai(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq
            double* ai, int32_t validate, uint32_t* err_code) {
     Options o{opt1, opt2};
     take_defaults(market, &day_type, &eom, &cpn_freq, &l1p_rule, &o);
-    const Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type,
-                 {mat_m, mat_d, mat_y},          {dated_m, dated_d, dated_y},          {first_cpn_m, first_cpn_d, first_cpn_y},
-                 cpn_rate,                       day_type,                             eom,
-                 cpn_freq};
+    const Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
+             {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
     if (validate != 0 && !valid_bond(market, b, calc_type, value, redemptn, o, err_code)) return;
     Reduced r;
     uint32_t err = 0;
@@ -245,10 +243,8 @@ double one_day(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_
                double face_k, int32_t opt1, int32_t opt2, int32_t validate, uint32_t* err_code) {
     Options o{opt1, opt2};
     take_defaults(market, &day_type, &eom, &cpn_freq, nullptr, &o);
-    const Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type,
-                 {mat_m, mat_d, mat_y},          {dated_m, dated_d, dated_y},          {first_cpn_m, first_cpn_d, first_cpn_y},
-                 cpn_rate,                       day_type,                             eom,
-                 cpn_freq};
+    const Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
+             {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
     if (validate != 0 &&
         !(valid_bond(market, b, given_yield, 1.0, 100.0, o, err_code) && valid_face(face_k, err_code)))
         return 0.0;
@@ -265,10 +261,8 @@ double fpi(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq
            uint32_t* err_code) {
     Options o{opt1, opt2};
     take_defaults(market, &day_type, &eom, &cpn_freq, nullptr, &o);
-    const Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type,
-                 {mat_m, mat_d, mat_y},          {dated_m, dated_d, dated_y},          {first_cpn_m, first_cpn_d, first_cpn_y},
-                 cpn_rate,                       day_type,                             eom,
-                 cpn_freq};
+    const Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
+             {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
     if (validate != 0 &&
         !(valid_bond(market, b, given_yield, 1.0, 100.0, o, err_code) && valid_face(face_k, err_code)))
         return 0.0;
@@ -288,10 +282,8 @@ double pip(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq
            uint32_t* err_code) {
     Options o{opt1, opt2};
     take_defaults(market, &day_type, &eom, &cpn_freq, nullptr, &o);
-    Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type,
-           {mat_m, mat_d, mat_y},          {dated_m, dated_d, dated_y},          {first_cpn_m, first_cpn_d, first_cpn_y},
-           cpn_rate,                       day_type,                             eom,
-           cpn_freq};
+    Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
+       {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
     if (validate != 0 &&
         !(valid_bond(market, b, given_yield, 1.0, 100.0, o, err_code) && valid_face(face_k, err_code)))
         return 0.0;
@@ -314,10 +306,8 @@ int32_t cfs(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_fre
             double* ai, int32_t validate, uint32_t* err_code) {
     Options o{opt1, opt2};
     take_defaults(market, &day_type, &eom, &cpn_freq, nullptr, &o);
-    const Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type,
-                 {mat_m, mat_d, mat_y},          {dated_m, dated_d, dated_y},          {first_cpn_m, first_cpn_d, first_cpn_y},
-                 cpn_rate,                       day_type,                             eom,
-                 cpn_freq};
+    const Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
+             {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
     if (validate != 0 &&
         !(valid_bond(market, b, given_yield, 1.0, redemptn, o, err_code) && valid_face(face_k, err_code)))
         return 0;
@@ -346,10 +336,8 @@ void risk(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq,
           uint32_t* err_code) {
     Options o{opt1, opt2};
     take_defaults(market, &day_type, &eom, &cpn_freq, &l1p_rule, &o);
-    const Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type,
-                 {mat_m, mat_d, mat_y},          {dated_m, dated_d, dated_y},          {first_cpn_m, first_cpn_d, first_cpn_y},
-                 cpn_rate,                       day_type,                             eom,
-                 cpn_freq};
+    const Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
+             {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
     if (validate != 0 && !valid_bond(market, b, calc_type, value, redemptn, o, err_code)) return;
     if (calc_type != 1 && calc_type != 2) {
         *err_code = ORVEL_E_SELECTOR;
@@ -376,7 +364,8 @@ void risk(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq,
     Reduced received = r;  // the flows the buyer receives: not the next coupon ex-dividend
     if (priced_ai < 0.0) received.cpn_amt = 0.0;
     const bool nothing_left = r.nxt_frac == 0.0 && r.n_after == 0;
-    const bond::Moments mm = nothing_left ? bond::Moments{} : bond::walk_flows(received, cpn_rate, redemptn, cpn_freq, v);
+    const bond::Moments mm =
+        nothing_left ? bond::Moments{} : bond::walk_flows(received, cpn_rate, redemptn, cpn_freq, v);
     const double mac = nothing_left ? 0.0 : mm.time_pv / mm.pv / cpn_freq;
     const bond::Income in =
         bond::income_to_maturity(y_period, cpn_freq, cpn_rate, received.cpn_amt, r.n_after, r.nxt_frac);

@@ -11,7 +11,8 @@ namespace {
 using namespace orvel::markets;
 
 constexpr Market ustb{10, Accrual::ExDividend, Kernels::Aibd};
-constexpr Market ustb_regular{10, Accrual::ExDividend, Kernels::Aibd, Slot::None, Slot::None, {.regular_schedule = true}};
+constexpr Market ustb_regular{10, Accrual::ExDividend, Kernels::Aibd, Slot::None, Slot::None,
+                              {.regular_schedule = true}};
 constexpr Market ustb_par{10, Accrual::ExDividend, Kernels::Aibd, Slot::None, Slot::None,
                           {.regular_schedule = true, .par_at_coupon = true}};
 
