@@ -19,7 +19,8 @@ bool odd_basis_known(const Options& o, uint32_t* err) {
 int32_t accrual_basis(const Bond& b, const Options& o) {
     const bool before_first =
         !is_blank(b.first_cpn) && bond::days_between(b.settle, b.first_cpn, bond::actual_days) > 0;
-    const bool out_of_step = !is_blank(b.dated) && !same_cycle(b.dated, b.first_cpn, b.eom, b.cpn_freq);
+    const bool out_of_step =
+        b.dated_given && !is_blank(b.dated) && !same_cycle(b.dated, b.first_cpn, b.eom, b.cpn_freq);
     return before_first && out_of_step ? o.opt1 : b.day_type;
 }
 

@@ -59,6 +59,13 @@ bool valid_bond(const Market& m, const Bond& b, int32_t calc_type, double given,
         .ok();
 }
 
+// After validation: blank dated and first coupon dates take the defaults the date validators supply, once,
+// rather than in every engine step.
+void complete(Bond* b) {
+    b->dated_given = !is_blank(b->dated);
+    bond::default_first_period(b->mat, &b->dated, &b->first_cpn, b->cpn_freq, b->eom);
+}
+
 bool valid_face(double face_k, uint32_t* err_code) {
     return bond::valid_face(face_k) || fail(err_code, ORVEL_E_FACE);
 }
@@ -150,7 +157,7 @@ bool same_date(const Date& a, const Date& b) { return a.m == b.m && a.d == b.d &
 // One day's interest per 100 at settlement: A1 - A0, with the day before's coupon added back when the two
 // straddle a coupon date or the ex-dividend date.
 double one_day_at(const Market& m, const Bond& b, const Options& o, uint32_t* err) {
-    if (!is_blank(b.dated) && same_date(b.settle, b.dated)) return 0.0;
+    if (b.dated_given && !is_blank(b.dated) && same_date(b.settle, b.dated)) return 0.0;
     Reduced r;
     const double today = accrue(m, b, o, &r, err);
     if (*err != 0) return 0.0;
@@ -182,9 +189,10 @@ double ai(const Market& market, int32_t settle_m, int32_t settle_d, int32_t sett
           int32_t* n_after, int32_t validate, uint32_t* err_code) {
     Options o{opt1, opt2};
     take_defaults(market, &day_type, &eom, &cpn_freq, nullptr, &o);
-    const Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
+    Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
              {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
     if (validate != 0 && !valid_bond(market, b, given_yield, 1.0, 100.0, o, err_code)) return 0.0;
+    complete(&b);
     Reduced r;
     uint32_t err = 0;
     const double accrued = accrue(market, b, o, &r, &err);
@@ -203,9 +211,10 @@ void py_ai(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq
            double* ai, int32_t validate, uint32_t* err_code) {
     Options o{opt1, opt2};
     take_defaults(market, &day_type, &eom, &cpn_freq, &l1p_rule, &o);
-    const Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
+    Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
              {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
     if (validate != 0 && !valid_bond(market, b, calc_type, value, redemptn, o, err_code)) return;
+    complete(&b);
     Reduced r;
     uint32_t err = 0;
     const double accrued = accrue(market, b, o, &r, &err);
@@ -243,11 +252,12 @@ double one_day(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_
                double face_k, int32_t opt1, int32_t opt2, int32_t validate, uint32_t* err_code) {
     Options o{opt1, opt2};
     take_defaults(market, &day_type, &eom, &cpn_freq, nullptr, &o);
-    const Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
+    Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
              {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
     if (validate != 0 &&
         !(valid_bond(market, b, given_yield, 1.0, 100.0, o, err_code) && valid_face(face_k, err_code)))
         return 0.0;
+    complete(&b);
     uint32_t err = 0;
     const double day = one_day_at(market, b, o, &err);
     return err != 0 ? bond::fail_price(err_code, err) : bond::holding(net(market, day), face_k);
@@ -261,11 +271,12 @@ double fpi(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq
            uint32_t* err_code) {
     Options o{opt1, opt2};
     take_defaults(market, &day_type, &eom, &cpn_freq, nullptr, &o);
-    const Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
+    Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
              {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
     if (validate != 0 &&
         !(valid_bond(market, b, given_yield, 1.0, 100.0, o, err_code) && valid_face(face_k, err_code)))
         return 0.0;
+    complete(&b);
     Reduced r;
     uint32_t err = 0;
     const double accrued = accrue(market, b, o, &r, &err);
@@ -287,9 +298,10 @@ double pip(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq
     if (validate != 0 &&
         !(valid_bond(market, b, given_yield, 1.0, 100.0, o, err_code) && valid_face(face_k, err_code)))
         return 0.0;
+    complete(&b);
     // At maturity the period is the last one, seen from inside; on a coupon date it is the one ending there.
     if (bond::days_between(b.settle, b.mat, b.day_type) == 0) b.settle = bond::step_days(b.settle, -2);
-    if (same_cycle(b.settle, b.mat, b.eom, b.cpn_freq) && !same_date(b.settle, b.dated))
+    if (same_cycle(b.settle, b.mat, b.eom, b.cpn_freq) && !(b.dated_given && same_date(b.settle, b.dated)))
         b.settle = bond::step_days(b.settle, -1);
     Reduced r;
     reduce_at(market, b, o, &r);
@@ -306,11 +318,12 @@ int32_t cfs(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_fre
             double* ai, int32_t validate, uint32_t* err_code) {
     Options o{opt1, opt2};
     take_defaults(market, &day_type, &eom, &cpn_freq, nullptr, &o);
-    const Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
+    Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
              {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
     if (validate != 0 &&
         !(valid_bond(market, b, given_yield, 1.0, redemptn, o, err_code) && valid_face(face_k, err_code)))
         return 0;
+    complete(&b);
     Reduced r;
     uint32_t err = 0;
     const double accrued = accrue(market, b, o, &r, &err);
@@ -336,9 +349,10 @@ void risk(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq,
           uint32_t* err_code) {
     Options o{opt1, opt2};
     take_defaults(market, &day_type, &eom, &cpn_freq, &l1p_rule, &o);
-    const Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
+    Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
              {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
     if (validate != 0 && !valid_bond(market, b, calc_type, value, redemptn, o, err_code)) return;
+    complete(&b);
     if (calc_type != 1 && calc_type != 2) {
         *err_code = ORVEL_E_SELECTOR;
         return;
@@ -486,6 +500,7 @@ int32_t ifs_pfs(const Market& market, int32_t, int32_t day_type, int32_t eom, in
     if (validate != 0 &&
         !(valid_bond(market, b, given_yield, 1.0, 100.0, o, err_code) && valid_face(face_k, err_code)))
         return 0;
+    complete(&b);
     if (market.rules.regular_schedule) bond::regular_dates(b.mat, &b.dated, &b.first_cpn, b.cpn_freq, b.eom);
     Reduced r;
     reduce_at(market, b, o, &r);

@@ -42,6 +42,7 @@ struct Bond {
     Date mat, dated, first_cpn;
     double cpn_rate;
     int32_t day_type, eom, cpn_freq;
+    bool dated_given = true;  // false once a blank dated date has taken its default
 };
 
 // A market's own rules, each null where the market has none.
