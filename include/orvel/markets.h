@@ -140,14 +140,34 @@
 #define ORVEL_MKT_I_EARN(name) ORVEL_EXPORT(double) name(ORVEL_MKT_I_EARN_PARAMS)
 
 /* The members of a family that opens every member with an argument of its own (ustb: the engine's method
- * code) have the shapes above after that argument. */
-#define ORVEL_MKT_UST_AI(name) ORVEL_EXPORT(double) name(int32_t method, ORVEL_MKT_AI_PARAMS)
+ * code) have the shapes above after that argument, with the conventions at arguments 2 to 4 in every member:
+ * _ai and _i_earn bring theirs forward, the rest of their arguments in the model order. */
+#define ORVEL_MKT_UST_AI_PARAMS \
+        int32_t method, int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t settle_m, int32_t settle_d, \
+        int32_t settle_y, int32_t exdiv_dt_m, int32_t exdiv_dt_d, int32_t exdiv_dt_y, int32_t ex_type, \
+        int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, int32_t dated_d, int32_t dated_y, \
+        int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, int32_t rsv_dt_m, int32_t rsv_dt_d, \
+        int32_t rsv_dt_y, double cpn_rate, int32_t opt1, int32_t opt2, int32_t opt3, double* nxt_frac, \
+        double* cpn_amt, int32_t* n_after, int32_t validate, uint32_t* err_code
+#define ORVEL_MKT_UST_AI(name) ORVEL_EXPORT(double) name(ORVEL_MKT_UST_AI_PARAMS)
 #define ORVEL_MKT_UST_PY_AI(name) ORVEL_EXPORT(void) name(int32_t method, ORVEL_MKT_PY_AI_PARAMS)
 #define ORVEL_MKT_UST_1DI(name) ORVEL_EXPORT(double) name(int32_t method, ORVEL_MKT_1DI_PARAMS)
 #define ORVEL_MKT_UST_FPI(name) ORVEL_EXPORT(double) name(int32_t method, ORVEL_MKT_FPI_PARAMS)
 #define ORVEL_MKT_UST_CFS(name) ORVEL_EXPORT(int32_t) name(int32_t method, ORVEL_MKT_CFS_PARAMS)
 #define ORVEL_MKT_UST_RISK(name) ORVEL_EXPORT(void) name(int32_t method, ORVEL_MKT_RISK_PARAMS)
-#define ORVEL_MKT_UST_I_EARN(name) ORVEL_EXPORT(double) name(int32_t method, ORVEL_MKT_I_EARN_PARAMS)
+#define ORVEL_MKT_UST_I_EARN_PARAMS \
+        int32_t method, int32_t day_type, int32_t eom, int32_t cpn_freq, int32_t from_m, int32_t from_d, \
+        int32_t from_y, int32_t to_m, int32_t to_d, int32_t to_y, int32_t exdiv_dt_m, int32_t exdiv_dt_d, \
+        int32_t exdiv_dt_y, int32_t ex_type, int32_t mat_m, int32_t mat_d, int32_t mat_y, int32_t dated_m, \
+        int32_t dated_d, int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y, \
+        int32_t rsv_dt_m, int32_t rsv_dt_d, int32_t rsv_dt_y, double cpn_rate, double face_k, int32_t opt1, \
+        int32_t opt2, int32_t opt3, double* ai_from, double* ai_to, double* cpn_paid, double* one_day, \
+        double* cpn_amt, int32_t* n_cpns, int32_t* days_act, int32_t* days_basis, int32_t* from_pcd_m, \
+        int32_t* from_pcd_d, int32_t* from_pcd_y, int32_t* from_ncd_m, int32_t* from_ncd_d, int32_t* from_ncd_y, \
+        int32_t* to_pcd_m, int32_t* to_pcd_d, int32_t* to_pcd_y, int32_t* to_ncd_m, int32_t* to_ncd_d, \
+        int32_t* to_ncd_y, int32_t capacity, int32_t* cf_m, int32_t* cf_d, int32_t* cf_y, double* earned, \
+        double* paid, int32_t* days, int32_t* count, int32_t validate, uint32_t* err_code
+#define ORVEL_MKT_UST_I_EARN(name) ORVEL_EXPORT(double) name(ORVEL_MKT_UST_I_EARN_PARAMS)
 
 /* _ifs_pfs: the interest and principal flows of a holding of face_k thousand (0 taken as 1), one entry a
  * remaining coupon date k < *count: cf_m, cf_d, cf_y, int_flows[k], prin_flows[k] (the face at maturity).
@@ -195,7 +215,7 @@ ORVEL_MKT_CFS(ukgb_cfs);
  * bond's own), and method 6 takes a yield equal to the coupon as a price of exactly 100 and back. Accrual
  * bond_ex_ai (the US market has no ex-dividend period: pass ex_type 0); prices on aibd_p / aibd_y, with
  * bond_ptm_l1p / bond_ytm_l1p in the final period when l1p_rule is 2 (the market leaves it to the caller:
- * -1 compounds). Conventions at arguments 2 to 4 in the members whose shape opens with them. */
+ * -1 compounds). Conventions at arguments 2 to 4. */
 ORVEL_MKT_UST_AI(ustb_ai);
 ORVEL_MKT_UST_PY_AI(ustb_py_ai);
 ORVEL_MKT_UST_1DI(ustb_1di);

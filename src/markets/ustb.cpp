@@ -27,6 +27,7 @@ bool known(int32_t method, uint32_t* err_code) {
 
 }  // namespace
 
+// The bodies take the model order; the arguments are forwarded by name, whatever order the member has.
 #define ORVEL_USTB(kind, name, body, failed)                                               \
     ORVEL_MKT_UST_##kind(name) {                                                           \
         if (!known(method, err_code)) return failed;                                       \

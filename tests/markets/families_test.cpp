@@ -19,7 +19,11 @@ struct D {
 
 // ustb's members open with the engine's method code; method 1 gives them the model shapes.
 ORVEL_MKT_PY_AI(ustb1_py_ai) { ustb_py_ai(1, ORVEL_MKT_PY_AI_ARGS); }
-ORVEL_MKT_AI(ustb1_ai) { return ustb_ai(1, ORVEL_MKT_AI_ARGS); }
+ORVEL_MKT_AI(ustb1_ai) {
+    return ustb_ai(1, day_type, eom, cpn_freq, settle_m, settle_d, settle_y, exdiv_dt_m, exdiv_dt_d, exdiv_dt_y, ex_type,
+                   mat_m, mat_d, mat_y, dated_m, dated_d, dated_y, first_cpn_m, first_cpn_d, first_cpn_y, rsv_dt_m,
+                   rsv_dt_d, rsv_dt_y, cpn_rate, opt1, opt2, opt3, nxt_frac, cpn_amt, n_after, validate, err_code);
+}
 ORVEL_MKT_FPI(ustb1_fpi) { return ustb_fpi(1, ORVEL_MKT_FPI_ARGS); }
 ORVEL_MKT_1DI(ustb1_1di) { return ustb_1di(1, ORVEL_MKT_1DI_ARGS); }
 
