@@ -232,7 +232,8 @@ ORVEL_MKT_UST_IFS_PFS(ustb_ifs_pfs);
  * interest per 100 is rounded half up before it is reported and priced on, 0 unrounded; 0..9, else 15802.
  * The _ad_ members state the accrued interest as the Paris market publishes the coupon couru, in percent of
  * the nominal to 3 decimals (mkt_opt8, when not 0, sets other decimals), and price on that amount. _sd_ai
- * counts the settlement day itself: the accrual runs to the day after settlement. */
+ * counts the settlement day itself: one day's interest more than _ai (the rest of the coupon on the eve of a
+ * coupon date); the schedule outputs stay those of settlement. */
 ORVEL_MKT_AI(frgb_ai);
 ORVEL_MKT_PY_AI(frgb_py_ai);
 ORVEL_MKT_1DI(frgb_1di);
@@ -259,7 +260,8 @@ ORVEL_MKT_AI(frgb_sd_ai);
  * since 1997 the 12.5 % substitute tax falls on accrued interest as it accrues and on the discount to
  * redemption: the accrued interest is reported net of 12.5 %, prices and yields tax both the coupons
  * (tax1) and the gain to redemption (tax2); a holding's flows, which know no purchase price, are those of
- * _cfs_tax. _p1_ai counts the settlement day itself (the accrual runs to the day after settlement). */
+ * _cfs_tax. _p1_ai counts the settlement day itself: one day's interest more than _ai (the rest of the
+ * coupon on the eve of a coupon date); the schedule outputs stay those of settlement. */
 ORVEL_MKT_AI(itgb_ai);
 ORVEL_MKT_PY_AI(itgb_py_ai);
 ORVEL_MKT_1DI(itgb_1di);

@@ -71,10 +71,17 @@ bool valid_face(double face_k, uint32_t* err_code) {
 }
 
 // The schedule numbers at settlement on the market's accrual basis, and the plain accrued interest.
+// A market that counts the settlement day adds that day's interest: the accrual of the day after less
+// today's, or, when a coupon date follows, the rest of today's coupon.
 double reduce_at(const Market& m, const Bond& b, const Options& o, Reduced* r) {
     const int32_t basis = m.rules.accrual_basis != nullptr ? m.rules.accrual_basis(b, o) : b.day_type;
-    const Date to = m.rules.accrual_days_after == 0 ? b.settle : bond::step_days(b.settle, m.rules.accrual_days_after);
-    return bond::reduce(to, b.mat, b.dated, b.first_cpn, b.cpn_rate, basis, b.eom, b.cpn_freq, r);
+    const double ai = bond::reduce(b.settle, b.mat, b.dated, b.first_cpn, b.cpn_rate, basis, b.eom, b.cpn_freq, r);
+    if (!m.rules.counts_settlement_day) return ai;
+    Reduced after;
+    const Date next_day = bond::step_days(b.settle, 1);
+    const double day = bond::reduce(next_day, b.mat, b.dated, b.first_cpn, b.cpn_rate, basis, b.eom, b.cpn_freq,
+                                    &after) - ai;
+    return ai + (day < 0.0 ? day + r->cpn_amt : day);
 }
 
 // Step 3: the market's accrued interest (the engine's ex-dividend or pay-day rule, the market's rounding).

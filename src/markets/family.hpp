@@ -51,7 +51,7 @@ struct Rules {
     int32_t (*accrual_basis)(const Bond&, const Options&) = nullptr;     // the day count the accrual runs on
     double (*round_ai)(double ai, const Options&) = nullptr;            // the accrued interest as the market states it
     int32_t (*yield_freq)(int32_t cpn_freq, const Options&) = nullptr;  // the yield's compounding frequency
-    int32_t accrual_days_after = 0;  // the accrual runs to this many days after settlement
+    bool counts_settlement_day = false;  // the accrual runs through settlement, the day included
     bool regular_schedule = false;  // prices on the regular schedule, an odd first coupon ignored
     bool par_at_coupon = false;     // a yield equal to the coupon rate is a price of exactly 100, and back
     double tax1 = 0.0;  // G1p kernels: a fraction of the coupons and accrued interest

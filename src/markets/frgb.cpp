@@ -20,7 +20,7 @@ double as_published(double ai, const Options& o) { return orvel::trunc_round(ai,
 
 constexpr Rules plain{.valid_options = decimals, .round_ai = rounded};
 constexpr Rules published{.valid_options = decimals, .round_ai = as_published};
-constexpr Rules settlement_day{.valid_options = decimals, .round_ai = rounded, .accrual_days_after = 1};
+constexpr Rules settlement_day{.valid_options = decimals, .round_ai = rounded, .counts_settlement_day = true};
 
 constexpr Market frgb{190, Accrual::ExDividend, Kernels::Aibd, Slot::Opt8, Slot::None, plain};
 constexpr Market frgb_ad{190, Accrual::ExDividend, Kernels::Aibd, Slot::Opt8, Slot::None, published};

@@ -28,7 +28,7 @@ constexpr Rules net_of_tax{.valid_options = options, .round_ai = rounded, .yield
 constexpr Rules rule_1997{.valid_options = options, .round_ai = rounded, .yield_freq = yield_freq,
                           .tax1 = withholding, .tax2 = withholding, .withheld = withholding};
 constexpr Rules settlement_day{.valid_options = options, .round_ai = rounded, .yield_freq = yield_freq,
-                               .accrual_days_after = 1};
+                               .counts_settlement_day = true};
 
 constexpr Market itgb{250, Accrual::ExDividend, Kernels::G1p, Slot::Opt7, Slot::Opt8, gross};
 constexpr Market itgb_tax{250, Accrual::ExDividend, Kernels::G1p, Slot::Opt7, Slot::Opt8, net_of_tax};
