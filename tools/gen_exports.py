@@ -25,6 +25,18 @@ kind:   i32 f64                       by value
         io_i32[n] io_f64[n]           caller array read and written
         out_chr[n]                    caller text buffer of n bytes
         err                           the err_code pointer, always last
+
+Shapes: members of the market families share a few argument lists. A shape is declared once and entries
+take it, so that no member can drift from the others of its kind:
+  @shape shape_name  result  arg:kind ...     a shape (continuation lines as for an entry)
+  name = shape_name [slot:new_name ...]       an export with the shape's result and arguments; a slot whose
+                                              name starts with 'opt' (a market-option slot, i32) may be
+                                              renamed for this member
+  ...shape_name                               in an argument list (of a shape or an entry): the arguments of
+                                              a shape declared before, in place (a family whose members
+                                              open with an argument of their own)
+A shape must come before its first use; an unknown shape, a rename of a slot that is not an option slot
+of the shape, or a new name that repeats another argument is refused.
 """
 import pathlib
 import re
@@ -61,6 +73,7 @@ class ListError(Exception):
 def read_entries(folder):
     files = sorted(folder.glob("*.list"), key=lambda p: (ORDER.index(p.stem) if p.stem in ORDER else 99, p.stem))
     entries = []
+    shapes = {}
     for path in files:
         current = None
         for lineno, raw in enumerate(path.read_text().splitlines(), 1):
@@ -75,7 +88,59 @@ def read_entries(folder):
             else:
                 current = {"where": where, "words": line.split(), "section": path.stem}
                 entries.append(current)
-    return [parse_entry(e) for e in entries]
+    parsed = []
+    for e in entries:
+        words = splice(e, shapes)
+        e = {**e, "words": words}
+        if words[0] == "@shape":
+            shape = parse_entry({**e, "words": words[1:]})
+            shape["arg_words"] = words[3:]
+            if shape["name"] in shapes:
+                raise ListError(f"{e['where']}: shape {shape['name']} already declared")
+            shapes[shape["name"]] = shape
+        elif len(words) >= 3 and words[1] == "=":
+            parsed.append(instantiate(e, shapes))
+        else:
+            parsed.append(parse_entry(e))
+    return parsed
+
+
+def splice(e, shapes):
+    """The words of an entry with every ...shape_name replaced by that shape's argument words."""
+    words = []
+    for w in e["words"]:
+        if w.startswith("..."):
+            shape = shapes.get(w[3:])
+            if shape is None:
+                raise ListError(f"{e['where']}: unknown shape '{w[3:]}' in '{w}'")
+            words += shape["arg_words"]
+        else:
+            words.append(w)
+    return words
+
+
+def instantiate(e, shapes):
+    """An entry on a shape: the shape's result and arguments, option slots renamed as asked."""
+    words, where = e["words"], e["where"]
+    shape = shapes.get(words[2])
+    if shape is None:
+        raise ListError(f"{where}: unknown shape '{words[2]}' (declare it with @shape before its use)")
+    renames = {}
+    for w in words[3:]:
+        m = re.match(r"^(opt[A-Za-z0-9_]*):([A-Za-z_][A-Za-z0-9_]*)$", w)
+        if not m:
+            raise ListError(f"{where}: bad rename '{w}' (only option slots opt...:new_name)")
+        renames[m.group(1)] = m.group(2)
+    args = []
+    for a in shape["args"]:
+        args.append(dict(a, name=renames.pop(a["name"], a["name"])) if a["kind"] == "i32" else dict(a))
+    if renames:
+        raise ListError(f"{where}: shape {shape['name']} has no option slot {', '.join(sorted(renames))}")
+    names = [a["name"] for a in args]
+    if len(set(names)) != len(names):
+        raise ListError(f"{where}: repeated argument name")
+    return {"name": words[0], "result": shape["result"], "args": args, "section": e["section"], "where": where,
+            "shape": shape["name"]}
 
 
 def parse_entry(e):

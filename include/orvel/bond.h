@@ -561,4 +561,82 @@ ORVEL_EXPORT(double) bond_tr_htm(double price, double reinv_rate, double cpn_rat
  * a tax of 100% (no taxable yield leaves anything). Returns the yield in percent; 0.0 on failure. */
 ORVEL_EXPORT(double) bond_tey(double yld, double tax_rate, int32_t validate, uint32_t* err_code);
 
+/* ---- Market engine routines ---------------------------------------------------------------------------
+ * The routines the market families call beyond bond_ai and the aibd kernels. A yield compounded yld_freq
+ * times a year (1, 2, 4 or 12) may differ from the coupon frequency: Italian and Spanish yields are quoted
+ * compounded annually on semi-annual coupons. */
+
+/* Accrued interest of a market whose coupons are paid on the coupon date's business day (gilts, Irish
+ * government bonds). Accrual runs between the scheduled coupon dates, never the days the coupons are paid
+ * on: a coupon due on a Saturday is paid the Monday after, and the next period still accrues from the
+ * Saturday. Inside the ex-dividend window (ex_type 1: the ex-dividend date on or before settlement, and
+ * settlement before the coupon date that ends the ex-dividend date's period) the buyer is owed the
+ * interest from settlement to that coupon date as the coupon's share of the period left, AI - cpn_amt,
+ * whatever the day count (bond_ex_ai counts such days over 365 where the basis has a 365-day year).
+ * Outputs as bond_ai: *nxt_frac, *cpn_amt, *n_after (to the scheduled dates).
+ * Validation (validate != 0), in order: 960 ex_type not 0 or 1; when ex_type is 1, ok_exdiv_MDY (bad
+ * ex-dividend date + 9, 1609 outside settlement's period, 2191); then bond_ai's. Without validation an
+ * ex_type other than 0 or 1 is 960 once the rule is reached, after the outputs are written.
+ * Returns the accrued interest per 100 (negative ex-dividend); 0.0 on failure. */
+ORVEL_EXPORT(double) bond_pp_ai(int32_t settle_m, int32_t settle_d, int32_t settle_y, int32_t exdiv_m, int32_t exdiv_d,
+                                int32_t exdiv_y, int32_t ex_type, int32_t mat_m, int32_t mat_d, int32_t mat_y,
+                                int32_t dated_m, int32_t dated_d, int32_t dated_y, int32_t first_cpn_m,
+                                int32_t first_cpn_d, int32_t first_cpn_y, double cpn_rate, int32_t day_type,
+                                int32_t eom, int32_t cpn_freq, double* nxt_frac, double* cpn_amt, int32_t* n_after,
+                                int32_t validate, uint32_t* err_code);
+
+/* Clean price at a yield yld (percent a year) compounded yld_freq times a year, for a bond paying
+ * cpn_freq coupons: the flows of aibd_p (next coupon cpn_amt at nxt_frac periods, cpn_rate / cpn_freq at
+ * each of the n_after periods after it, redemptn with the last; no next coupon when ai < 0, ex-dividend)
+ * discounted by (1 + yld / (100 yld_freq))^(-t yld_freq / cpn_freq) at t coupon periods, less ai. With
+ * yld_freq = cpn_freq it is aibd_p.
+ * Validation, in order: 4001 yld, 4100 cpn_rate, 4200 redemptn, 600/601 cpn_freq, 15800/15801 yld_freq,
+ * 4600 n_after, 4400 nxt_frac, 4101 cpn_amt, 4500 ai not finite (any sign). Errors: 4090 when
+ * 1 + yld / (100 yld_freq) is not positive; 4001 at a yield of exactly 0 (no perpetuity form).
+ * Returns the clean price per 100; 0.0 on failure. */
+ORVEL_EXPORT(double) bond_ppp_g1p(double yld, double cpn_rate, double redemptn, int32_t cpn_freq, int32_t yld_freq,
+                                  int32_t n_after, double nxt_frac, double cpn_amt, double ai, int32_t validate,
+                                  uint32_t* err_code);
+
+/* The yield compounded yld_freq times a year at which bond_ppp_g1p gives price: the yield per coupon period
+ * solved as aibd_y does (start, start -+ 1, three-point steps, 5e-7 on the price), then restated at
+ * yld_freq. Validation as bond_ppp_g1p with 4002 for the price. Errors: 9020, 4090.
+ * Returns the yield in percent; 0.0 on failure. */
+ORVEL_EXPORT(double) bond_ppy_g1p(double price, double cpn_rate, double redemptn, int32_t cpn_freq, int32_t yld_freq,
+                                  int32_t n_after, double nxt_frac, double cpn_amt, double ai, int32_t validate,
+                                  uint32_t* err_code);
+
+/* Clean price in the final period with simple interest on the actual last coupon:
+ *   price = (cpn_amt + redemptn) / (1 + nxt_frac x yld / (100 cpn_freq)) - ai,
+ * cpn_amt left out when ai < 0 (ex-dividend). Unlike bond_ptm_l1p, whose last coupon is cpn_rate / cpn_freq,
+ * a short or long last (or only) coupon is priced as it is paid.
+ * Validation, in order: 4001 yld, 4200 redemptn, 600/601 cpn_freq, 4400 nxt_frac negative, 4101 cpn_amt,
+ * 4500 ai not finite. Errors: 4400 nxt_frac zero; 4090 when the discount base is not positive.
+ * Returns the clean price per 100; 0.0 on failure. */
+ORVEL_EXPORT(double) bond_ppp_l1p(double yld, double redemptn, int32_t cpn_freq, double nxt_frac, double cpn_amt,
+                                  double ai, int32_t validate, uint32_t* err_code);
+
+/* The inverse of bond_ppp_l1p in closed form: yield = (cpn_amt + redemptn - (price + ai)) / (price + ai)
+ * x 100 cpn_freq / nxt_frac. Validation as bond_ppp_l1p with 4002 for the price. Errors: 4400 nxt_frac
+ * zero; 4002 when price + ai is zero. Returns the yield in percent; 0.0 on failure. */
+ORVEL_EXPORT(double) bond_ppy_l1p(double price, double redemptn, int32_t cpn_freq, double nxt_frac, double cpn_amt,
+                                  double ai, int32_t validate, uint32_t* err_code);
+
+/* The yield compounded to_freq times a year that is worth the same as yld compounded from_freq times:
+ *   100 to_freq ((1 + yld / (100 from_freq))^(from_freq / to_freq) - 1); 6 semi-annual is 6.09 annual.
+ * Validation, in order: 4001 yld, 600/601 from_freq, 15800/15801 to_freq. Errors: 4090 when
+ * 1 + yld / (100 from_freq) is not positive. Returns the yield in percent; 0.0 on failure. */
+ORVEL_EXPORT(double) bond_yld_equ(double yld, int32_t from_freq, int32_t to_freq, int32_t validate,
+                                  uint32_t* err_code);
+
+/* Price or yield, both excluding accrued interest, on the compound kernels in one call: calc_type 1 gives
+ * aibd_p(given), 2 aibd_y(given), written to *result. The markets that compound to maturity (Dutch state
+ * loans) call it with their reduced schedule.
+ * Validation, in order: 200 calc_type not 1 or 2; then the checks of aibd_p (4001 or 4002 for given).
+ * Errors: 200 calc_type (also without validation); 4090, 4001, 9020 as the kernels. On failure *result is
+ * left as it was. */
+ORVEL_EXPORT(void) aibd_py_exai(int32_t calc_type, double given, double cpn_rate, double redemptn, int32_t cpn_freq,
+                                int32_t n_after, double nxt_frac, double cpn_amt, double ai, double* result,
+                                int32_t validate, uint32_t* err_code);
+
 #endif /* ORVEL_BOND_H */

@@ -272,7 +272,11 @@
     X(ORVEL_E_MTG_LONG, 15500, "term beyond 600 months, or an age or month outside the term")      \
     X(ORVEL_E_MTG_COUNT, 15501, "number of observations or speeds outside its range")              \
     X(ORVEL_E_MTG_ORDER, 15502, "months not increasing")                                           \
-    X(ORVEL_E_MTG_NONFINITE, 15503, "the loan's terms give no finite result")
+    X(ORVEL_E_MTG_NONFINITE, 15503, "the loan's terms give no finite result")                      \
+    X(ORVEL_E_YLD_FREQ, 15800, "yield compounding frequency not 1, 2, 4 or 12")                    \
+    X(ORVEL_E_YLD_FREQ_MISSING, 15801, "yield compounding frequency not supplied (-1)")            \
+    X(ORVEL_E_MKT_OPT, 15802, "market option outside its set")                                     \
+    X(ORVEL_E_PERIOD_ORDER, 15803, "end of the interest period before its start")
 
 #define ORVEL_ERROR_ENUM_(name, number, meaning) name = number,
 enum orvel_error { ORVEL_ERROR_TABLE(ORVEL_ERROR_ENUM_) };

@@ -3,25 +3,80 @@
 #include "bond/accrued.hpp"
 #include "bond/dates.hpp"
 #include "bond/kernels.hpp"
+#include "bond/market.hpp"
 #include "core/check.hpp"
 #include "groups/dates.hpp"
 #include "orvel/bond.h"
 #include "schedule/odd_periods.hpp"
 
+namespace orvel::bond {
+
+Coupons coupons_around(const Date& date, const Date& mat, Date dated, Date first_cpn, int32_t eom, int32_t cpn_freq) {
+    default_first_period(mat, &dated, &first_cpn, cpn_freq, eom);
+    const auto b = schedule::odd_period_of(date, {mat, dated, first_cpn, Date{0, 0, 0}, eom, cpn_freq});
+    return {b.pcd, b.ncd};
+}
+
+namespace {
+
+constexpr double one_365th = 0.0027397260273972603;
+
+// Settlement inside the ex-dividend window: the ex-dividend date on or before the test date and
+// settlement before the coupon date that ends the ex-dividend date's period. That coupon date in *next.
+bool in_ex_window(const Date& test, const Date& settle, const Date& exdiv, const Date& mat, const Date& dated,
+                  const Date& first_cpn, int32_t eom, int32_t cpn_freq, Date* next) {
+    *next = coupons_around(exdiv, mat, dated, first_cpn, eom, cpn_freq).next;
+    return days_between(exdiv, test, actual_days) >= 0 && days_between(settle, *next, actual_days) > 0;
+}
+
+}  // namespace
+
+double ex_rule(double ai, const Reduced& r, const Date& trade, const Date& settle, const Date& exdiv, int32_t ex_type,
+               const Date& mat, const Date& dated, const Date& first_cpn, double cpn_rate, int32_t day_type,
+               int32_t eom, int32_t cpn_freq, uint32_t* err) {
+    if (ex_type == 0) return ai;
+    if (ex_type != 1 && ex_type != 2) return fail_price(err, ORVEL_E_EX_TYPE);
+    Date next;
+    if (!in_ex_window(ex_type == 1 ? settle : trade, settle, exdiv, mat, dated, first_cpn, eom, cpn_freq, &next))
+        return ai;
+    // The buyer pays back the interest from settlement to the coupon the seller receives: by days over a
+    // 365-day year where the basis has one, else as the accrued interest less the whole coupon.
+    if (cal::fixed_year_basis(day_type) == 365)
+        return -static_cast<double>(days_between(settle, next, day_type)) * cpn_rate * one_365th;
+    return ai - r.cpn_amt;
+}
+
+double ex_accrued(const Date& trade, const Date& settle, const Date& exdiv, int32_t ex_type, const Date& mat,
+                  const Date& dated, const Date& first_cpn, double cpn_rate, int32_t day_type, int32_t eom,
+                  int32_t cpn_freq, Reduced* out, uint32_t* err) {
+    const double ai = reduce(settle, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, out);
+    return ex_rule(ai, *out, trade, settle, exdiv, ex_type, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq,
+                   err);
+}
+
+double pp_rule(double ai, const Reduced& r, const Date& settle, const Date& exdiv, int32_t ex_type, const Date& mat,
+               const Date& dated, const Date& first_cpn, int32_t eom, int32_t cpn_freq, uint32_t* err) {
+    if (ex_type == 0) return ai;
+    if (ex_type != 1) return fail_price(err, ORVEL_E_EX_TYPE);
+    Date next;
+    // Ex-dividend: the buyer is owed the coupon's share of the period from settlement to the scheduled date.
+    return in_ex_window(settle, settle, exdiv, mat, dated, first_cpn, eom, cpn_freq, &next) ? ai - r.cpn_amt : ai;
+}
+
+double pp_accrued(const Date& settle, const Date& exdiv, int32_t ex_type, const Date& mat, const Date& dated,
+                  const Date& first_cpn, double cpn_rate, int32_t day_type, int32_t eom, int32_t cpn_freq,
+                  Reduced* out, uint32_t* err) {
+    const double ai = reduce(settle, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, out);
+    return pp_rule(ai, *out, settle, exdiv, ex_type, mat, dated, first_cpn, eom, cpn_freq, err);
+}
+
+}  // namespace orvel::bond
+
 namespace {
 
 using orvel::Date;
-
-struct Coupons {
-    Date previous, next;
-};
-
-// The coupon period that contains a date, on the bond's own schedule (odd first period included).
-Coupons coupons_around(const Date& date, const Date& mat, Date dated, Date first_cpn, int32_t eom, int32_t cpn_freq) {
-    orvel::bond::default_first_period(mat, &dated, &first_cpn, cpn_freq, eom);
-    const auto b = orvel::schedule::odd_period_of(date, {mat, dated, first_cpn, Date{0, 0, 0}, eom, cpn_freq});
-    return {b.pcd, b.ncd};
-}
+using orvel::bond::Coupons;
+using orvel::bond::coupons_around;
 
 // A bond seen from any date: bond_ai there, giving the accrued interest and the next coupon.
 struct BondTerms {
@@ -39,8 +94,6 @@ struct BondTerms {
 };
 
 using orvel::bond::holding;
-
-constexpr double one_365th = 0.0027397260273972603;
 
 }  // namespace
 
@@ -61,26 +114,21 @@ ORVEL_EXPORT(double) bond_ex_ai(int32_t trade_m, int32_t trade_d, int32_t trade_
              .ok())
         return 0.0;
     uint32_t err = 0;
-    const double ai = orvel::bond::accrued_to({settle_m, settle_d, settle_y}, {mat_m, mat_d, mat_y},
-                                              {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y},
-                                              cpn_rate, day_type, eom, cpn_freq, nxt_frac, cpn_amt, n_after, validate,
-                                              &err);
-    if (err != 0) return orvel::bond::fail_price(err_code, err);
-    if (ex_type == 0) return ai;
     const Date settle{settle_m, settle_d, settle_y}, mat{mat_m, mat_d, mat_y};
-    const Date exdiv{exdiv_m, exdiv_d, exdiv_y};
-    const Coupons around = coupons_around(exdiv, mat, Date{dated_m, dated_d, dated_y},
-                                          Date{first_cpn_m, first_cpn_d, first_cpn_y}, eom, cpn_freq);
-    if (ex_type != 1 && ex_type != 2) return orvel::bond::fail_price(err_code, ORVEL_E_EX_TYPE);
-    const Date test = ex_type == 1 ? settle : Date{trade_m, trade_d, trade_y};
-    const bool ex_dividend = orvel::bond::days_between(exdiv, test, orvel::bond::actual_days) >= 0 &&
-                             orvel::bond::days_between(settle, around.next, orvel::bond::actual_days) > 0;
-    if (!ex_dividend) return ai;
-    // The buyer pays back the interest from settlement to the coupon the seller receives: by days over a
-    // 365-day year where the basis has one, else as the accrued interest less the whole coupon.
-    if (orvel::cal::fixed_year_basis(day_type) == 365)
-        return -static_cast<double>(orvel::bond::days_between(settle, around.next, day_type)) * cpn_rate * one_365th;
-    return ai - *cpn_amt;
+    const Date dated{dated_m, dated_d, dated_y}, first_cpn{first_cpn_m, first_cpn_d, first_cpn_y};
+    orvel::bond::Reduced r;
+    // bond_ai's own checks (and its date defaults) with the caller's validate; its outputs are written
+    // before the ex-dividend rule runs.
+    const double ai = orvel::bond::accrued(settle, mat, dated, first_cpn, cpn_rate, day_type, eom, cpn_freq, validate,
+                                           &r, &err);
+    if (err != 0) return orvel::bond::fail_price(err_code, err);
+    *nxt_frac = r.nxt_frac;
+    *cpn_amt = r.cpn_amt;
+    *n_after = r.n_after;
+    const Date trade{trade_m, trade_d, trade_y}, exdiv{exdiv_m, exdiv_d, exdiv_y};
+    const double ex = orvel::bond::ex_rule(ai, r, trade, settle, exdiv, ex_type, mat, dated, first_cpn, cpn_rate,
+                                           day_type, eom, cpn_freq, &err);
+    return err != 0 ? orvel::bond::fail_price(err_code, err) : ex;
 }
 
 ORVEL_EXPORT(double) bond_fpi(int32_t day_type, int32_t eom, int32_t cpn_freq, double cpn_rate, int32_t settle_m,

@@ -2,6 +2,7 @@
 #include "bond/accrued.hpp"
 #include "bond/dates.hpp"
 #include "bond/kernels.hpp"
+#include "bond/market.hpp"
 #include "bond/price_yield.hpp"
 #include "core/check.hpp"
 #include "orvel/bond.h"
@@ -173,4 +174,24 @@ ORVEL_EXPORT(int32_t) bond_ifs_pfs(int32_t method, int32_t day_type, int32_t eom
                                      prin_flows[k] = holding(f.principal, face);
                                  });
     return n < 0 ? 0 : n;
+}
+
+int32_t orvel::bond::holding_flows(const Date& settle, const Date& mat, const Date& dated, const Date& first_cpn,
+                                   const Reduced& r, double cpn_rate, double redemptn, double face_k,
+                                   bool seller_keeps_next, int32_t eom, int32_t cpn_freq, int32_t capacity,
+                                   int32_t* cf_m, int32_t* cf_d, int32_t* cf_y, double* int_amts, double* prin_amts,
+                                   double* times, int32_t* count, uint32_t* err) {
+    const Flows flows(settle, mat, dated, first_cpn, r, cpn_rate, redemptn, cpn_freq, eom);
+    const int32_t n = flows.count();
+    if (!fits(n, capacity, count, err)) return -1;
+    for (int32_t k = 0; k < n; ++k) {
+        const Flow f = flows.at(k);
+        cf_m[k] = f.date.m;
+        cf_d[k] = f.date.d;
+        cf_y[k] = f.date.y;
+        int_amts[k] = k == 0 && seller_keeps_next ? 0.0 : holding(f.coupon, face_k);
+        prin_amts[k] = holding(f.principal, face_k);
+        if (times != nullptr) times[k] = f.time;
+    }
+    return n;
 }

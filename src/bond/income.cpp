@@ -1,6 +1,7 @@
 // Income measures on the reduced schedule: current yield and income to maturity with reinvestment.
 #include <cmath>
 
+#include "bond/market.hpp"
 #include "core/check.hpp"
 #include "core/power.hpp"
 #include "core/validators.hpp"
@@ -24,6 +25,14 @@ ORVEL_EXPORT(void) bond_int_ioi(double yld, int32_t cpn_freq, double cpn_rate, d
                               .call(1, ok_cpn_rate, cpn_amt)
                               .ok())
         return;
+    const orvel::bond::Income in = orvel::bond::income_to_maturity(yld, cpn_freq, cpn_rate, cpn_amt, n_after, nxt_frac);
+    *tot_int = in.tot_int;
+    *ioi = in.ioi;
+    *cpn_int = in.cpn_int;
+}
+
+orvel::bond::Income orvel::bond::income_to_maturity(double yld, int32_t cpn_freq, double cpn_rate, double cpn_amt,
+                                                    int32_t n_after, double nxt_frac) {
     const double f = static_cast<double>(cpn_freq);
     const double n = static_cast<double>(n_after);
     const double p = cpn_rate / f;
@@ -36,7 +45,5 @@ ORVEL_EXPORT(void) bond_int_ioi(double yld, int32_t cpn_freq, double cpn_rate, d
         total = (grown - 1.0) / g * p + grown * cpn_amt;
     }
     const double interest_on_interest = total - coupons;
-    *tot_int = total;
-    *ioi = interest_on_interest;
-    *cpn_int = total - interest_on_interest;
+    return {total, total - interest_on_interest, interest_on_interest};
 }

@@ -4,6 +4,7 @@
 #include "bond/accrued.hpp"
 #include "bond/dates.hpp"
 #include "bond/kernels.hpp"
+#include "bond/market.hpp"
 #include "bond/price_yield.hpp"
 #include "core/check.hpp"
 #include "core/power.hpp"
@@ -14,39 +15,8 @@ namespace {
 using orvel::Date;
 using orvel::bond::Reduced;
 using orvel::bond::max_walk_periods;
-
-// Sums over the flows discounted at v per period: the next coupon k at w periods, the regular coupon at
-// w + 1 .. w + n, the redemption with the last.
-struct Moments {
-    double pv = 0.0;         // present value of every flow (a price with accrued interest)
-    double time_pv = 0.0;    // sum of time in periods x present value
-    double cvx_sum = 0.0;    // sum of t (t + h) x present value, t in years and h a period in years
-};
-
-Moments walk_flows(const Reduced& r, double cpn_rate, double redemptn, int32_t cpn_freq, double v) {
-    const double h = 1.0 / cpn_freq;
-    const double c = h * cpn_rate;
-    const double w = r.nxt_frac;
-    double d = orvel::pow(v, w);
-    double t = h * w;
-    Moments m;
-    m.pv = r.cpn_amt / d;
-    m.time_pv = w * r.cpn_amt / d;
-    m.cvx_sum = m.pv * t * (t + h);
-    for (int32_t i = 1; i <= r.n_after; ++i) {
-        d *= v;
-        t += h;
-        const double flow = c / d;
-        m.pv += flow;
-        m.time_pv += (i + w) * flow;
-        m.cvx_sum += flow * t * (t + h);
-    }
-    const double red = redemptn / d;  // d is v^(n + w) now
-    m.pv += red;
-    m.time_pv += (r.n_after + w) * red;
-    m.cvx_sum += red * t * (t + h);
-    return m;
-}
+using orvel::bond::Moments;
+using orvel::bond::walk_flows;
 
 // The schedule numbers and the discount factor per period of a duration or convexity call; false with
 // the error written when there is nothing to measure on or the yield has no discount factor.
@@ -215,3 +185,32 @@ ORVEL_EXPORT(double) bond_est_cvx(double yld, double cpn_rate, double redemptn, 
     const double dy_decimal = dy / 100.0;
     return (down + up - 2.0 * mid) / (mid * dy_decimal * dy_decimal);
 }
+
+namespace orvel::bond {
+
+Moments walk_flows(const Reduced& r, double cpn_rate, double redemptn, int32_t cpn_freq, double v) {
+    const double h = 1.0 / cpn_freq;
+    const double c = h * cpn_rate;
+    const double w = r.nxt_frac;
+    double d = orvel::pow(v, w);
+    double t = h * w;
+    Moments m;
+    m.pv = r.cpn_amt / d;
+    m.time_pv = w * r.cpn_amt / d;
+    m.cvx_sum = m.pv * t * (t + h);
+    for (int32_t i = 1; i <= r.n_after; ++i) {
+        d *= v;
+        t += h;
+        const double flow = c / d;
+        m.pv += flow;
+        m.time_pv += (i + w) * flow;
+        m.cvx_sum += flow * t * (t + h);
+    }
+    const double red = redemptn / d;  // d is v^(n + w) now
+    m.pv += red;
+    m.time_pv += (r.n_after + w) * red;
+    m.cvx_sum += red * t * (t + h);
+    return m;
+}
+
+}  // namespace orvel::bond

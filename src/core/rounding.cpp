@@ -3,16 +3,21 @@
 
 #include "core/check.hpp"
 #include "core/power.hpp"
+#include "core/rounding.hpp"
 #include "orvel/frame.h"
 
 ORVEL_EXPORT(double) d_trunc_rnd(double num, int32_t places, int32_t rnd) {
+    return orvel::trunc_round(num, places, rnd != 0);
+}
+
+double orvel::trunc_round(double num, int32_t places, bool rnd) {
     if (num == 0.0 || !std::isfinite(num)) return num;
     // Only the fractional part is scaled: a large handle keeps every digit it has, and negative places
     // leave the handle alone (the fraction is dropped, rnd or not).
     const double a = std::fabs(num);
     const double i = std::floor(a);
     const double f = a - i;  // exact, in [0, 1)
-    const double h = rnd != 0 ? 0.5 : 0.0;
+    const double h = rnd ? 0.5 : 0.0;
     double r = i;
     if (places >= 0 && places <= 308) {  // 10^places is finite
         const double p = orvel::pow(10.0, static_cast<double>(places));

@@ -43,15 +43,20 @@ for args, status, text in CALLS:
     code, out, err = run(*args.split()) if args else run()
     check(args, code == status and text in (out if status < 2 else err), f"exit {code}, stdout {out!r}, stderr {err!r}")
 
-# list: one line per entry of exports/*.list, continuation lines joined and comments dropped; a prefix narrows.
-entries = []
-for path in (pathlib.Path(__file__).resolve().parents[2] / "exports").glob("*.list"):
-    for raw in path.read_text().splitlines():
-        line = raw.split("#", 1)[0].rstrip()
-        if line.strip() and line[0].isspace():
-            entries[-1] += " " + " ".join(line.split())
-        elif line.strip():
-            entries.append(" ".join(line.split()))
+# list: one line per export of exports/*.list as the generator reads it (members on a shape included).
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "tools"))
+import gen_exports  # noqa: E402
+
+
+def listed(a):
+    kind = a["kind"]
+    if kind.endswith("[]"):
+        kind = kind[:-2] + f"[{a['count']}{'+1' if a['offset'] else ''}]"
+    return f"{a['name']}:{kind}"
+
+
+entries = [" ".join([e["name"], e["result"]] + [listed(a) for a in e["args"]])
+           for e in gen_exports.read_entries(pathlib.Path(__file__).resolve().parents[2] / "exports")]
 out, narrowed = run("list")[1].splitlines(), run("list", "ok_")[1].splitlines()
 check("list", sorted(entries) == sorted(out), set(entries) ^ set(out))
 check("list ok_", narrowed == [l for l in out if l.startswith("ok_")], narrowed)

@@ -33,6 +33,7 @@ const std::pair<uint32_t, std::vector<uint32_t>> built[] = {
     {ORVEL_E_SYNC, {31, 36}},     {ORVEL_E_DAY_TYPE, {1}},             {ORVEL_E_SIDE, {1}},
     {ORVEL_E_CPN_FREQ, {1}},      {ORVEL_E_GIVEN_BASE, range(1, 22)},  {ORVEL_E_CPN_RATE, {1, 8}},
     {ORVEL_E_TAX_RATE, {1, 2}},   {ORVEL_E_REDEMPTN, {1}},             {ORVEL_E_FLOW_AFTER_END_BASE, range(0, 999)},
+    {ORVEL_E_YLD_FREQ, {1}},
 };
 
 // Rows that spell out a built number for the one check that writes it: the same meaning, not a second one.
@@ -44,6 +45,7 @@ const std::map<uint32_t, uint32_t> spelled_out = {
     {ORVEL_E_CPN_AMT, ORVEL_E_CPN_RATE},          {ORVEL_E_TAX1, ORVEL_E_TAX_RATE},
     {ORVEL_E_TAX2, ORVEL_E_TAX_RATE},             {ORVEL_E_RF_RATE, ORVEL_E_CPN_RATE},
     {ORVEL_E_REDEMPTN_PV, ORVEL_E_REDEMPTN},      {ORVEL_E_SD_SMALL, ORVEL_E_GIVEN_BASE},
+    {ORVEL_E_YLD_FREQ_MISSING, ORVEL_E_YLD_FREQ},
 };
 
 // The checks that report a bad list date by its index, each with its refusal of a list too long, over

@@ -1,0 +1,21 @@
+// UK gilts: coupons paid on the business day with accrual between the scheduled dates, ex-dividend as the
+// coupon's share of the period left; prices and yields on the kernels that pay the actual next coupon.
+// The pricing members take code 410 (compound to maturity), the holding members 411.
+#include "markets/family.hpp"
+
+namespace {
+
+using namespace orvel::markets;
+
+constexpr Market ukgb_410{410, Accrual::PayDay, Kernels::Pp};
+constexpr Market ukgb_411{411, Accrual::PayDay, Kernels::Pp};
+
+}  // namespace
+
+ORVEL_MARKET_AI(ukgb_ai, ukgb_410)
+ORVEL_MARKET_PY_AI(ukgb_py_ai, ukgb_410)
+ORVEL_MARKET_RISK(ukgb_risk, ukgb_410)
+ORVEL_MARKET_1DI(ukgb_1di, ukgb_411)
+ORVEL_MARKET_FPI(ukgb_fpi, ukgb_411)
+ORVEL_MARKET_PIP(ukgb_pip, ukgb_411)
+ORVEL_MARKET_CFS(ukgb_cfs, ukgb_411)
