@@ -85,6 +85,7 @@ TEST(BondReturns, IdentitiesAcrossTheSweep) {
         bond_py_crr(1, b.day_type, b.eom, b.freq, 2, price, b.cpn, DATES(b), 100.0, 0, 0, &ya, &ai, 1, &err);
         bond_py_ai(1, b.day_type, b.eom, b.freq, 2, price, b.cpn, DATES(b), 100.0, 0, 0, &yf, &ai, 1, &err);
         EXPECT_NEAR(1.0 + ya / 100.0, std::pow(1.0 + yf / (100.0 * f), f), 1e-12);
+        EXPECT_NEAR(ya, bond_yld_equ(yf, b.freq, 1, 1, &err), 1e-9);  // the engine's own basis conversion
         bond_py_crr(1, b.day_type, b.eom, b.freq, 1, 100.0 * (std::pow(1.0 + y / (100.0 * f), f) - 1.0), b.cpn,
                     DATES(b), 100.0, 0, 0, &pa, &ai, 1, &err);
         EXPECT_NEAR(pa, price, 1e-9);

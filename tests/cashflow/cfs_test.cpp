@@ -17,7 +17,8 @@ using Vec = std::vector<double>;
 
 double annuity(double r, int n) { return (1.0 - std::pow(1.0 + r, -n)) / r; }
 
-// A level series: pv now, then n payments of pmt. The rate of pv = pmt a(n, r), solved by cf_irr, is r.
+// A level series: pv now, then n payments of pmt. The rate of pv = pmt a(n, r), solved by cf_irr, is r,
+// and tvm_iy gives it too.
 TEST(CashFlowIrr, LevelSeriesGivesTheAnnuityRate) {
     const double cases[][2] = {{12, 1.0}, {12, 2.9228540769}, {60, 0.5}, {360, 0.5}, {360, 1.25}, {24, 15.0},
                                {1, 4.0},  {480, 0.05},        {36, 30.0}};
@@ -26,7 +27,10 @@ TEST(CashFlowIrr, LevelSeriesGivesTheAnnuityRate) {
         const double amt[] = {100.0};
         const int32_t cnt[] = {n};
         uint32_t err = 0;
-        EXPECT_NEAR(cf_irr(-100.0 * annuity(c[1] / 100, n), amt, cnt, 1, 1, &err), c[1], 1e-6) << n << " " << c[1];
+        const double pv = -100.0 * annuity(c[1] / 100, n);
+        EXPECT_NEAR(cf_irr(pv, amt, cnt, 1, 1, &err), c[1], 1e-6) << n << " " << c[1];
+        // the time-value-of-money key of the same annuity, 12 periods a year
+        EXPECT_NEAR(tvm_iy(0.0, 100.0, pv, n, 12, 12, 0, 1, &err) / 12, cf_irr(pv, amt, cnt, 1, 1, &err), 1e-6);
         EXPECT_EQ(err, 0u);
     }
 }
