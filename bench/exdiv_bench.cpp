@@ -27,8 +27,8 @@ void ukgb_exd_calls(benchmark::State& state) {
         const int32_t settle = 2450000 + static_cast<int32_t>((i * 7919u) % 9000u);  // 1995..2020
         int32_t sm, sd, sy;
         julian_2_MDY(settle, &sm, &sd, &sy);
-        const int32_t spec = static_cast<int32_t>(i++ & 1);
-        benchmark::DoNotOptimize(ukgb_exd(-1, -1, -1, sm, sd, sy, 3, 7, 2031, 0, 0, 0, 0, 0, 0, spec, 1, count,
+        const int32_t spec_exd = static_cast<int32_t>(i++ & 1);
+        benchmark::DoNotOptimize(ukgb_exd(-1, -1, -1, sm, sd, sy, 3, 7, 2031, 0, 0, 0, 0, 0, 0, spec_exd, 1, count,
                                           table.data(), &m, &d, &y, validate, &err));
     }
     state.SetLabel(std::to_string(count) + " holidays" + (validate ? ", validate" : ""));
