@@ -223,8 +223,9 @@ ORVEL_MKT_CFS(ukgb_cfs);
  * Where they meet _py_ai and _risk: on every bond outside the final period, and in it when both use the
  * same l1p_rule, they agree with them to the yield solve's tolerance. They differ in three places only:
  * ukgb's take code 411 (l1p_rule 2: simple interest in the final period by default, where ukgb_py_ai
- * compounds to the end); a yield of exactly 0 prices as the plain sum of the flows (the aibd kernel
- * refuses it with 4001); and the yield is the set's solve, not the kernel's (a few 1e-10 apart).
+ * compounds to the end); a yield of exactly 0, which validation refuses (4001), prices with validate 0 as
+ * the plain sum of the flows, where ukgb_py_ai's kernel still fails with 4001; and the yield is the set's
+ * solve, not the kernel's (yields a few 1e-13 apart).
  * Validation and errors as _py_ai and _risk, and 15810 when the bond has more than 1200 flows to run
  * (4600 for a schedule no calendar can date), checked before any output is written. */
 ORVEL_MKT_PY_AI(ukgb_cf_py);
