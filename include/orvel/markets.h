@@ -196,7 +196,7 @@ ORVEL_MKT_I_EARN(augb_i_earn);
 
 /* ukgb: UK gilts. _ai, _py_ai and _risk take code 410 (actual/actual, semi-annual, no end-of-month rule,
  * l1p_rule 1: compound to maturity, as the Debt Management Office's price/yield formula does); _1di, _fpi,
- * _pip and _cfs take 411 (l1p_rule 2). Accrual bond_pp_ai: a coupon falling on a weekend is paid the next
+ * _pip, _cfs, _cf_py and _cfsrisk take 411 (l1p_rule 2). Accrual bond_pp_ai: a coupon falling on a weekend is paid the next
  * business day but accrual runs between the scheduled dates; inside the ex-dividend period (seven business
  * days before the coupon) the buyer is owed -cpn_amt x days to the coupon / days in the period. Prices on
  * bond_ppp_g1p / bond_ppy_g1p at the semi-annual yield (the next coupon as it is paid, none ex-dividend), and
