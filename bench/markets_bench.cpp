@@ -85,3 +85,23 @@ BENCHMARK_CAPTURE(family, augb_py_ai_yield, 2);
 BENCHMARK_CAPTURE(engine, bond_ex_ai_aibd_y, 2);
 
 }  // namespace
+
+// The gilt members on the same bonds (semi-annual, no ex-dividend rule): the compound kernel's closed form
+// against the bond's flows summed one by one (ukgb_cf_py; 411, so simple interest in the final period).
+void gilt(benchmark::State& state, decltype(&ukgb_py_ai) member, int32_t calc_type) {
+    const auto& all = bonds();
+    std::size_t i = 0;
+    for (auto _ : state) {
+        const BenchBond& b = all[i++ % all.size()];
+        double result = 0.0, ai = 0.0;
+        uint32_t err = 0;
+        member(-1, -1, -1, calc_type, calc_type == 1 ? b.yld : b.price, b.cpn, b.sm, b.sd, b.sy, 0, 0, 0, 0, b.mm,
+               b.md, b.my, 0, 0, 0, 0, 0, 0, 100.0, -1, 0, 0, &result, &ai, 1, &err);
+        benchmark::DoNotOptimize(result);
+    }
+}
+
+BENCHMARK_CAPTURE(gilt, ukgb_py_ai_price, ukgb_py_ai, 1);
+BENCHMARK_CAPTURE(gilt, ukgb_cf_py_price, ukgb_cf_py, 1);
+BENCHMARK_CAPTURE(gilt, ukgb_py_ai_yield, ukgb_py_ai, 2);
+BENCHMARK_CAPTURE(gilt, ukgb_cf_py_yield, ukgb_cf_py, 2);

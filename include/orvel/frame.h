@@ -276,7 +276,8 @@
     X(ORVEL_E_YLD_FREQ, 15800, "yield compounding frequency not 1, 2, 4 or 12")                    \
     X(ORVEL_E_YLD_FREQ_MISSING, 15801, "yield compounding frequency not supplied (-1)")            \
     X(ORVEL_E_MKT_OPT, 15802, "market option outside its set")                                     \
-    X(ORVEL_E_PERIOD_ORDER, 15803, "end of the interest period before its start")
+    X(ORVEL_E_PERIOD_ORDER, 15803, "end of the interest period before its start")                 \
+    X(ORVEL_E_CFS_FLOWS, 15810, "a bond priced from its flows has more than 1200 of them")
 
 #define ORVEL_ERROR_ENUM_(name, number, meaning) name = number,
 enum orvel_error { ORVEL_ERROR_TABLE(ORVEL_ERROR_ENUM_) };

@@ -196,7 +196,7 @@ ORVEL_MKT_I_EARN(augb_i_earn);
 
 /* ukgb: UK gilts. _ai, _py_ai and _risk take code 410 (actual/actual, semi-annual, no end-of-month rule,
  * l1p_rule 1: compound to maturity, as the Debt Management Office's price/yield formula does); _1di, _fpi,
- * _pip and _cfs take 411 (l1p_rule 2). Accrual bond_pp_ai: a coupon falling on a weekend is paid the next
+ * _pip, _cfs, _cf_py and _cfsrisk take 411 (l1p_rule 2). Accrual bond_pp_ai: a coupon falling on a weekend is paid the next
  * business day but accrual runs between the scheduled dates; inside the ex-dividend period (seven business
  * days before the coupon) the buyer is owed -cpn_amt x days to the coupon / days in the period. Prices on
  * bond_ppp_g1p / bond_ppy_g1p at the semi-annual yield (the next coupon as it is paid, none ex-dividend), and
@@ -208,6 +208,28 @@ ORVEL_MKT_1DI(ukgb_1di);
 ORVEL_MKT_FPI(ukgb_fpi);
 ORVEL_MKT_FPI(ukgb_pip);
 ORVEL_MKT_CFS(ukgb_cfs);
+
+/* _cf_py and _cfsrisk (ukgb, spgb): the _py_ai and _risk shapes priced from the bond's own flows. The flows
+ * are those _cfs lists, per 100: the next coupon at nxt_frac coupon periods (none when the bond trades
+ * ex-dividend, the accrued interest then negative), each later coupon one period on, the redemption with
+ * the last. The full price is the flow set discounted at the yield restated at the coupon frequency,
+ * sum amts[k] (1 + y / (100 cpn_freq))^-times[k] (cfs_p over the set's times, which for gilts are the
+ * actual/actual fractions of a period); *result (calc_type 1) is that less the accrued interest, and a
+ * price (calc_type 2) is solved for by cfs_y's solve on the set (from 10, 9 and 11 percent, to 1e-10 of the
+ * full price). Under l1p_rule 2, settlement in the final period prices on the simple-interest kernels of
+ * the family's _py_ai. _cfsrisk's measures are those of _risk taken over the same set: Macaulay duration
+ * sum t a v^-t / (f P), modified duration Macaulay / v, convexity sum (t^2 + t) a v^-t / (f^2 v^2 P),
+ * t in coupon periods, and pvbp, current yield and income as _risk.
+ * Where they meet _py_ai and _risk: on every bond outside the final period, and in it when both use the
+ * same l1p_rule, they agree with them to the yield solve's tolerance. They differ in three places only:
+ * ukgb's take code 411 (l1p_rule 2: simple interest in the final period by default, where ukgb_py_ai
+ * compounds to the end); a yield of exactly 0, which validation refuses (4001), prices with validate 0 as
+ * the plain sum of the flows, where ukgb_py_ai's kernel still fails with 4001; and the yield is the set's
+ * solve, not the kernel's (yields a few 1e-13 apart).
+ * Validation and errors as _py_ai and _risk, and 15810 when the bond has more than 1200 flows to run
+ * (4600 for a schedule no calendar can date), checked before any output is written. */
+ORVEL_MKT_PY_AI(ukgb_cf_py);
+ORVEL_MKT_RISK(ukgb_cfsrisk);
 
 /* ustb: US Treasury notes and bonds, market code 10 (actual/actual, semi-annual, end of month). Every member
  * opens with bond_py_ai's method code (1, 3..8; 300 otherwise, with or without validation): methods 3, 6 and
@@ -413,6 +435,10 @@ ORVEL_MKT_FPI(spgb_fpi);
 ORVEL_MKT_FPI(spgb_pip);
 ORVEL_MKT_CFS(spgb_cfs);
 ORVEL_MKT_RISK(spgb_risk);
+/* From the flows (as ukgb_cf_py, ukgb_cfsrisk above): the set discounted at the mkt_opt7 yield restated at
+ * the coupon frequency, so an annual yield on annual coupons discounts flow k by (1 + y/100)^-times[k]. */
+ORVEL_MKT_PY_AI(spgb_cf_py);
+ORVEL_MKT_RISK(spgb_cfsrisk);
 
 /* swgb: Swiss government bonds, market code 380 (30/360 SIA, annual, end of month). Accrual bond_ai (or
  * bond_ex_ai by ex_type), compound yield to maturity on aibd_p / aibd_y. No _i_earn; no market options. */

@@ -31,6 +31,9 @@ public:
         before_first_ = orvel::bond::days_between(settle, first_cpn, orvel::bond::actual_days) > 0;
         first_cpn_ = first_cpn;
     }
+    // The amounts and times only (money_at), no dates.
+    Flows(const Reduced& r, double cpn_rate, double redemptn, int32_t cpn_freq)
+        : r_(r), cpn_rate_(cpn_rate), redemptn_(redemptn), cpn_freq_(cpn_freq), eom_(0) {}
 
     // 0 when nothing is left to run; -1 when the schedule is beyond any the calendar can date.
     int32_t count() const {
@@ -40,11 +43,17 @@ public:
     }
 
     Flow at(int32_t k) const {
-        const int32_t back = r_.n_after - k;
+        Flow f = money_at(k);
+        f.date = (k == 0 && before_first_) ? first_cpn_
+                                           : orvel::bond::step_periods(mat_, k - r_.n_after, cpn_freq_, eom_);
+        return f;
+    }
+
+    // Flow k without its date.
+    Flow money_at(int32_t k) const {
         Flow f{};
-        f.date = (k == 0 && before_first_) ? first_cpn_ : orvel::bond::step_periods(mat_, -back, cpn_freq_, eom_);
         f.coupon = k == 0 ? r_.cpn_amt : cpn_rate_ / cpn_freq_;
-        f.principal = back == 0 ? redemptn_ : 0.0;
+        f.principal = k == r_.n_after ? redemptn_ : 0.0;
         f.time = r_.nxt_frac + k;
         return f;
     }
@@ -192,6 +201,20 @@ int32_t orvel::bond::holding_flows(const Date& settle, const Date& mat, const Da
         int_amts[k] = k == 0 && seller_keeps_next ? 0.0 : holding(f.coupon, face_k);
         prin_amts[k] = holding(f.principal, face_k);
         if (times != nullptr) times[k] = f.time;
+    }
+    return n;
+}
+
+int32_t orvel::bond::flow_set(const Reduced& r, double cpn_rate, double redemptn, bool seller_keeps_next,
+                              int32_t cpn_freq, int32_t capacity, double* amts, double* times, uint32_t* err) {
+    const Flows flows(r, cpn_rate, redemptn, cpn_freq);
+    const int32_t n = flows.count();
+    if (n < 0) return static_cast<int32_t>(orvel::bond::fail_price(err, ORVEL_E_FULL_PER)) - 1;
+    if (n > capacity) return static_cast<int32_t>(orvel::bond::fail_price(err, ORVEL_E_CFS_FLOWS)) - 1;
+    for (int32_t k = 0; k < n; ++k) {
+        const Flow f = flows.money_at(k);
+        amts[k] = (k == 0 && seller_keeps_next ? 0.0 : f.coupon) + f.principal;
+        times[k] = f.time;
     }
     return n;
 }

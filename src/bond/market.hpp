@@ -75,4 +75,10 @@ int32_t holding_flows(const Date& settle, const Date& mat, const Date& dated, co
                       int32_t cpn_freq, int32_t capacity, int32_t* cf_m, int32_t* cf_d, int32_t* cf_y,
                       double* int_amts, double* prin_amts, double* times, int32_t* count, uint32_t* err);
 
+// The same flows per 100 as a cash-flow set: amts[k] the coupon and principal of flow k (the next coupon 0
+// when the seller keeps it), times[k] its coupon periods from settlement. Returns the count, or -1 with
+// 4600 (a schedule no calendar can date) or 15810 (more than capacity flows) written.
+int32_t flow_set(const Reduced& r, double cpn_rate, double redemptn, bool seller_keeps_next, int32_t cpn_freq,
+                 int32_t capacity, double* amts, double* times, uint32_t* err);
+
 }  // namespace orvel::bond

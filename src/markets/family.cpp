@@ -5,6 +5,7 @@
 
 #include "bond/dates.hpp"
 #include "bond/price_yield.hpp"
+#include "cashflow/cfs.hpp"
 #include "core/check.hpp"
 #include "core/defaults.hpp"
 #include "groups/dates.hpp"
@@ -107,6 +108,25 @@ double pricing_accrual(const Market& m, const Bond& b, const Options& o, double 
     return accrue(m, regular, o, r, err);
 }
 
+// The flows of a market that prices from them (Rules::cash_flows), per 100: at most max of them (15810).
+struct FlowSet {
+    static constexpr int32_t max = 1200;  // a century of monthly coupons
+    double amts[max], times[max];
+    int32_t count = 0;
+
+    // The flows the buyer receives after settlement (not the next coupon when the accrued interest is
+    // negative); true when the market does not price from flows.
+    bool fill(const Market& m, const Reduced& r, double accrued, double cpn_rate, double redemptn, int32_t cpn_freq,
+              uint32_t* err) {
+        if (!m.rules.cash_flows) return true;
+        count = bond::flow_set(r, cpn_rate, redemptn, accrued < 0.0, cpn_freq, max, amts, times, err);
+        return count >= 0;
+    }
+};
+
+// The set's yield solve wants the price to 10^-10 per 100.
+constexpr int32_t set_prec = 9;
+
 // A reduced bond priced by the market's kernels.
 struct Pricing {
     const Market& m;
@@ -114,6 +134,7 @@ struct Pricing {
     double ai, cpn_rate, redemptn;
     int32_t cpn_freq, l1p_rule;
     Options o;
+    const FlowSet* set = nullptr;  // the flows, for a market that prices from them
 
     int32_t yield_freq() const { return m.rules.yield_freq != nullptr ? m.rules.yield_freq(cpn_freq, o) : cpn_freq; }
     bool simple_final() const { return l1p_rule == 2 && r.n_after < 1; }
@@ -136,7 +157,9 @@ struct Pricing {
                                    err);
         }
         const double y = bond::yield_equivalent(yld, yield_freq(), cpn_freq, err);
-        return *err != 0 ? 0.0 : compound(terms(), y, err);
+        if (*err != 0) return 0.0;
+        if (set != nullptr) return cfs::periodic_price(y, cpn_freq, set->amts, set->times, set->count, err) - ai;
+        return compound(terms(), y, err);
     }
 
     double yield(double price, uint32_t* err) const {
@@ -146,6 +169,11 @@ struct Pricing {
             return bond::yield_l1p(price, cpn_rate, redemptn, taxed() ? m.rules.tax1 : 0.0, cpn_freq, r.nxt_frac, ai,
                                    err);
         }
+        if (set != nullptr) {
+            const double y = cfs::periodic_yield(price + ai, cpn_freq, set_prec, set->amts, set->times, set->count,
+                                                 cfs::standard_start, err);
+            return *err != 0 ? 0.0 : bond::yield_equivalent(y, cpn_freq, yield_freq(), err);
+        }
         const bond::Terms t = terms();
         const double guess = bond::yield_guess(price, cpn_rate, redemptn, r.n_after, r.nxt_frac);
         const double y =
@@ -153,6 +181,14 @@ struct Pricing {
         return *err != 0 ? 0.0 : bond::yield_equivalent(y, cpn_freq, yield_freq(), err);
     }
 };
+
+// walk_flows's sums over a flow set: t (t + h) with t in years and h a period is (tau^2 + tau) / f^2 in
+// periods tau.
+bond::Moments set_moments(const FlowSet& set, int32_t cpn_freq, double v) {
+    const cfs::Moments m = cfs::moments(v, set.amts, set.times, set.count);
+    const double f = cpn_freq;
+    return bond::Moments{m.value, m.first, (m.second + m.first) / (f * f)};
+}
 
 // An interest amount as the holder receives it, net of what the market withholds.
 double net(const Market& m, double interest) {
@@ -225,7 +261,8 @@ void py_ai(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq
     Reduced r;
     uint32_t err = 0;
     const double accrued = accrue(market, b, o, &r, &err);
-    if (err != 0) {
+    FlowSet set;
+    if (err != 0 || !set.fill(market, r, accrued, cpn_rate, redemptn, cpn_freq, &err)) {
         *err_code = err;
         return;
     }
@@ -243,7 +280,8 @@ void py_ai(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq
         *err_code = err;
         return;
     }
-    const Pricing p{market, r, priced_ai, cpn_rate, redemptn, cpn_freq, l1p_rule, o};
+    const Pricing p{market, r, priced_ai, cpn_rate, redemptn, cpn_freq, l1p_rule, o,
+                    market.rules.cash_flows ? &set : nullptr};
     const double v = calc_type == 1 ? p.price(value, &err) : p.yield(value, &err);
     if (err != 0) {
         *err_code = err;
@@ -368,7 +406,10 @@ void risk(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq,
     uint32_t err = 0;
     const double accrued = accrue(market, b, o, &r, &err);
     const double priced_ai = err != 0 ? 0.0 : pricing_accrual(market, b, o, accrued, &r, &err);
-    const Pricing p{market, r, priced_ai, cpn_rate, redemptn, cpn_freq, l1p_rule, o};
+    FlowSet set;
+    if (err == 0) set.fill(market, r, priced_ai, cpn_rate, redemptn, cpn_freq, &err);
+    const Pricing p{market, r, priced_ai, cpn_rate, redemptn, cpn_freq, l1p_rule, o,
+                    market.rules.cash_flows ? &set : nullptr};
     // Each step runs only while the ones before it succeeded: the first failure is the one reported.
     const double y = err != 0 || calc_type == 1 ? value : p.yield(value, &err);
     const double px = err != 0 || calc_type == 2 ? value : p.price(value, &err);
@@ -385,8 +426,9 @@ void risk(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq,
     Reduced received = r;  // the flows the buyer receives: not the next coupon ex-dividend
     if (priced_ai < 0.0) received.cpn_amt = 0.0;
     const bool nothing_left = r.nxt_frac == 0.0 && r.n_after == 0;
-    const bond::Moments mm =
-        nothing_left ? bond::Moments{} : bond::walk_flows(received, cpn_rate, redemptn, cpn_freq, v);
+    const bond::Moments mm = nothing_left ? bond::Moments{}
+                             : p.set != nullptr ? set_moments(set, cpn_freq, v)
+                                                : bond::walk_flows(received, cpn_rate, redemptn, cpn_freq, v);
     const double mac = nothing_left ? 0.0 : mm.time_pv / mm.pv / cpn_freq;
     const bond::Income in =
         bond::income_to_maturity(y_period, cpn_freq, cpn_rate, received.cpn_amt, r.n_after, r.nxt_frac);

@@ -57,6 +57,9 @@ struct Rules {
     double tax1 = 0.0;  // G1p kernels: a fraction of the coupons and accrued interest
     double tax2 = 0.0;  // G1p kernels: a fraction of the gain to redemption
     double withheld = 0.0;  // the fraction of every interest amount a holding member reports that is withheld
+    // Prices from the bond's own flows as _cfs lists them (a cash-flow set, times in coupon periods) on the
+    // set's kernels: compound sums and the set's yield solve; the final-period rule stays the market's.
+    bool cash_flows = false;
 };
 
 struct Market {

@@ -16,6 +16,8 @@ int32_t yield_freq(int32_t, const Options& o) { return o.opt1; }
 
 constexpr Market spgb{360, Accrual::ExDividend, Kernels::G1p, Slot::Opt7, Slot::None,
                       {.valid_options = yield_frequency, .yield_freq = yield_freq}};
+constexpr Market spgb_flows{360, Accrual::ExDividend, Kernels::G1p, Slot::Opt7, Slot::None,
+                            {.valid_options = yield_frequency, .yield_freq = yield_freq, .cash_flows = true}};
 
 }  // namespace
 
@@ -26,3 +28,5 @@ ORVEL_MARKET_FPI(spgb_fpi, spgb)
 ORVEL_MARKET_PIP(spgb_pip, spgb)
 ORVEL_MARKET_CFS(spgb_cfs, spgb)
 ORVEL_MARKET_RISK(spgb_risk, spgb)
+ORVEL_MARKET_PY_AI(spgb_cf_py, spgb_flows)
+ORVEL_MARKET_RISK(spgb_cfsrisk, spgb_flows)
