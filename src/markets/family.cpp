@@ -71,6 +71,19 @@ bool valid_face(double face_k, uint32_t* err_code) {
     return bond::valid_face(face_k) || fail(err_code, ORVEL_E_FACE);
 }
 
+// Steps 1 and 2 on a bond built from the member's arguments: the market's defaults in its convention slots
+// (and in l1p_rule where the member prices), its checks when validating (the position's face amount too
+// where the member has one), then its blank dates completed. False, the error written, when a check fails.
+bool open_member(const Market& m, Bond* b, Options* o, int32_t* l1p_rule, int32_t calc_type, double given,
+                 double redemptn, const double* face_k, int32_t validate, uint32_t* err_code) {
+    take_defaults(m, &b->day_type, &b->eom, &b->cpn_freq, l1p_rule, o);
+    if (validate != 0 && !(valid_bond(m, *b, calc_type, given, redemptn, *o, err_code) &&
+                           (face_k == nullptr || valid_face(*face_k, err_code))))
+        return false;
+    complete(b);
+    return true;
+}
+
 // The schedule numbers at settlement on the market's accrual basis, and the plain accrued interest.
 // A market that counts the settlement day adds that day's interest: the accrual of the day after less
 // today's, or, when a coupon date follows, the rest of today's coupon.
@@ -231,11 +244,9 @@ double ai(const Market& market, int32_t settle_m, int32_t settle_d, int32_t sett
           int32_t cpn_freq, int32_t opt1, int32_t opt2, int32_t, double* nxt_frac, double* cpn_amt,
           int32_t* n_after, int32_t validate, uint32_t* err_code) {
     Options o{opt1, opt2};
-    take_defaults(market, &day_type, &eom, &cpn_freq, nullptr, &o);
     Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
              {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
-    if (validate != 0 && !valid_bond(market, b, given_yield, 1.0, 100.0, o, err_code)) return 0.0;
-    complete(&b);
+    if (!open_member(market, &b, &o, nullptr, given_yield, 1.0, 100.0, nullptr, validate, err_code)) return 0.0;
     Reduced r;
     uint32_t err = 0;
     const double accrued = accrue(market, b, o, &r, &err);
@@ -253,16 +264,14 @@ void py_ai(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq
            int32_t first_cpn_y, double redemptn, int32_t l1p_rule, int32_t opt1, int32_t opt2, double* result,
            double* ai, int32_t validate, uint32_t* err_code) {
     Options o{opt1, opt2};
-    take_defaults(market, &day_type, &eom, &cpn_freq, &l1p_rule, &o);
     Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
              {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
-    if (validate != 0 && !valid_bond(market, b, calc_type, value, redemptn, o, err_code)) return;
-    complete(&b);
+    if (!open_member(market, &b, &o, &l1p_rule, calc_type, value, redemptn, nullptr, validate, err_code)) return;
     Reduced r;
     uint32_t err = 0;
     const double accrued = accrue(market, b, o, &r, &err);
     FlowSet set;
-    if (err != 0 || !set.fill(market, r, accrued, cpn_rate, redemptn, cpn_freq, &err)) {
+    if (err != 0 || !set.fill(market, r, accrued, cpn_rate, redemptn, b.cpn_freq, &err)) {
         *err_code = err;
         return;
     }
@@ -280,7 +289,7 @@ void py_ai(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq
         *err_code = err;
         return;
     }
-    const Pricing p{market, r, priced_ai, cpn_rate, redemptn, cpn_freq, l1p_rule, o,
+    const Pricing p{market, r, priced_ai, cpn_rate, redemptn, b.cpn_freq, l1p_rule, o,
                     market.rules.cash_flows ? &set : nullptr};
     const double v = calc_type == 1 ? p.price(value, &err) : p.yield(value, &err);
     if (err != 0) {
@@ -296,13 +305,9 @@ double one_day(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_
                int32_t dated_d, int32_t dated_y, int32_t first_cpn_m, int32_t first_cpn_d, int32_t first_cpn_y,
                double face_k, int32_t opt1, int32_t opt2, int32_t validate, uint32_t* err_code) {
     Options o{opt1, opt2};
-    take_defaults(market, &day_type, &eom, &cpn_freq, nullptr, &o);
     Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
              {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
-    if (validate != 0 &&
-        !(valid_bond(market, b, given_yield, 1.0, 100.0, o, err_code) && valid_face(face_k, err_code)))
-        return 0.0;
-    complete(&b);
+    if (!open_member(market, &b, &o, nullptr, given_yield, 1.0, 100.0, &face_k, validate, err_code)) return 0.0;
     uint32_t err = 0;
     const double day = one_day_at(market, b, o, &err);
     return err != 0 ? bond::fail_price(err_code, err) : bond::holding(net(market, day), face_k);
@@ -315,13 +320,9 @@ double fpi(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq
            int32_t opt1, int32_t opt2, int32_t, int32_t* pay_m, int32_t* pay_d, int32_t* pay_y, int32_t validate,
            uint32_t* err_code) {
     Options o{opt1, opt2};
-    take_defaults(market, &day_type, &eom, &cpn_freq, nullptr, &o);
     Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
              {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
-    if (validate != 0 &&
-        !(valid_bond(market, b, given_yield, 1.0, 100.0, o, err_code) && valid_face(face_k, err_code)))
-        return 0.0;
-    complete(&b);
+    if (!open_member(market, &b, &o, nullptr, given_yield, 1.0, 100.0, &face_k, validate, err_code)) return 0.0;
     Reduced r;
     uint32_t err = 0;
     const double accrued = accrue(market, b, o, &r, &err);
@@ -337,13 +338,9 @@ double pip(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq
            int32_t opt1, int32_t opt2, int32_t, int32_t* pay_m, int32_t* pay_d, int32_t* pay_y, int32_t validate,
            uint32_t* err_code) {
     Options o{opt1, opt2};
-    take_defaults(market, &day_type, &eom, &cpn_freq, nullptr, &o);
     Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
        {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
-    if (validate != 0 &&
-        !(valid_bond(market, b, given_yield, 1.0, 100.0, o, err_code) && valid_face(face_k, err_code)))
-        return 0.0;
-    complete(&b);
+    if (!open_member(market, &b, &o, nullptr, given_yield, 1.0, 100.0, &face_k, validate, err_code)) return 0.0;
     // At maturity the period is the last one, seen from inside; on a coupon date it is the one ending there.
     if (bond::days_between(b.settle, b.mat, b.day_type) == 0) b.settle = bond::step_days(b.settle, -2);
     if (same_cycle(b.settle, b.mat, b.eom, b.cpn_freq) && !(b.dated_given && same_date(b.settle, b.dated)))
@@ -362,13 +359,9 @@ int32_t cfs(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_fre
             int32_t* cf_d, int32_t* cf_y, double* int_amts, double* prin_amts, double* times, int32_t* count,
             double* ai, int32_t validate, uint32_t* err_code) {
     Options o{opt1, opt2};
-    take_defaults(market, &day_type, &eom, &cpn_freq, nullptr, &o);
     Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
              {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
-    if (validate != 0 &&
-        !(valid_bond(market, b, given_yield, 1.0, redemptn, o, err_code) && valid_face(face_k, err_code)))
-        return 0;
-    complete(&b);
+    if (!open_member(market, &b, &o, nullptr, given_yield, 1.0, redemptn, &face_k, validate, err_code)) return 0;
     Reduced r;
     uint32_t err = 0;
     const double accrued = accrue(market, b, o, &r, &err);
@@ -393,11 +386,9 @@ void risk(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq,
           int32_t* dp, int32_t* dr, double* nxt_frac, double* cpn_amt, int32_t* n_after, int32_t validate,
           uint32_t* err_code) {
     Options o{opt1, opt2};
-    take_defaults(market, &day_type, &eom, &cpn_freq, &l1p_rule, &o);
     Bond b{{settle_m, settle_d, settle_y}, {exdiv_dt_m, exdiv_dt_d, exdiv_dt_y}, ex_type, {mat_m, mat_d, mat_y},
              {dated_m, dated_d, dated_y}, {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
-    if (validate != 0 && !valid_bond(market, b, calc_type, value, redemptn, o, err_code)) return;
-    complete(&b);
+    if (!open_member(market, &b, &o, &l1p_rule, calc_type, value, redemptn, nullptr, validate, err_code)) return;
     if (calc_type != 1 && calc_type != 2) {
         *err_code = ORVEL_E_SELECTOR;
         return;
@@ -407,16 +398,16 @@ void risk(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq,
     const double accrued = accrue(market, b, o, &r, &err);
     const double priced_ai = err != 0 ? 0.0 : pricing_accrual(market, b, o, accrued, &r, &err);
     FlowSet set;
-    if (err == 0) set.fill(market, r, priced_ai, cpn_rate, redemptn, cpn_freq, &err);
-    const Pricing p{market, r, priced_ai, cpn_rate, redemptn, cpn_freq, l1p_rule, o,
+    if (err == 0) set.fill(market, r, priced_ai, cpn_rate, redemptn, b.cpn_freq, &err);
+    const Pricing p{market, r, priced_ai, cpn_rate, redemptn, b.cpn_freq, l1p_rule, o,
                     market.rules.cash_flows ? &set : nullptr};
     // Each step runs only while the ones before it succeeded: the first failure is the one reported.
     const double y = err != 0 || calc_type == 1 ? value : p.yield(value, &err);
     const double px = err != 0 || calc_type == 2 ? value : p.price(value, &err);
     const double down = err != 0 ? 0.0 : p.price(y - 0.01, &err);
     const double up = err != 0 ? 0.0 : p.price(y + 0.01, &err);
-    const double y_period = err != 0 ? 0.0 : bond::yield_equivalent(y, p.yield_freq(), cpn_freq, &err);
-    const double v = 1.0 + y_period / (cpn_freq * 100.0);
+    const double y_period = err != 0 ? 0.0 : bond::yield_equivalent(y, p.yield_freq(), b.cpn_freq, &err);
+    const double v = 1.0 + y_period / (b.cpn_freq * 100.0);
     if (err == 0 && !(v > 0.0)) err = ORVEL_E_NEG_BASE;
     if (err == 0 && !(r.n_after >= 0 && r.n_after <= bond::max_walk_periods)) err = ORVEL_E_FULL_PER;
     if (err != 0) {
@@ -427,11 +418,11 @@ void risk(const Market& market, int32_t day_type, int32_t eom, int32_t cpn_freq,
     if (priced_ai < 0.0) received.cpn_amt = 0.0;
     const bool nothing_left = r.nxt_frac == 0.0 && r.n_after == 0;
     const bond::Moments mm = nothing_left ? bond::Moments{}
-                             : p.set != nullptr ? set_moments(set, cpn_freq, v)
-                                                : bond::walk_flows(received, cpn_rate, redemptn, cpn_freq, v);
-    const double mac = nothing_left ? 0.0 : mm.time_pv / mm.pv / cpn_freq;
+                             : p.set != nullptr ? set_moments(set, b.cpn_freq, v)
+                                                : bond::walk_flows(received, cpn_rate, redemptn, b.cpn_freq, v);
+    const double mac = nothing_left ? 0.0 : mm.time_pv / mm.pv / b.cpn_freq;
     const bond::Income in =
-        bond::income_to_maturity(y_period, cpn_freq, cpn_rate, received.cpn_amt, r.n_after, r.nxt_frac);
+        bond::income_to_maturity(y_period, b.cpn_freq, cpn_rate, received.cpn_amt, r.n_after, r.nxt_frac);
     const bond::Coupons around = coupons_of(b, b.settle);
     *price = px;
     *yld = y;
@@ -543,13 +534,9 @@ int32_t ifs_pfs(const Market& market, int32_t, int32_t day_type, int32_t eom, in
                 int32_t first_cpn_y, double face_k, int32_t capacity, int32_t* cf_m, int32_t* cf_d, int32_t* cf_y,
                 double* int_flows, double* prin_flows, int32_t* count, int32_t validate, uint32_t* err_code) {
     Options o{-1, -1};
-    take_defaults(market, &day_type, &eom, &cpn_freq, nullptr, &o);
     Bond b{{settle_m, settle_d, settle_y}, no_date, 0, {mat_m, mat_d, mat_y}, {dated_m, dated_d, dated_y},
            {first_cpn_m, first_cpn_d, first_cpn_y}, cpn_rate, day_type, eom, cpn_freq};
-    if (validate != 0 &&
-        !(valid_bond(market, b, given_yield, 1.0, 100.0, o, err_code) && valid_face(face_k, err_code)))
-        return 0;
-    complete(&b);
+    if (!open_member(market, &b, &o, nullptr, given_yield, 1.0, 100.0, &face_k, validate, err_code)) return 0;
     if (market.rules.regular_schedule) bond::regular_dates(b.mat, &b.dated, &b.first_cpn, b.cpn_freq, b.eom);
     Reduced r;
     reduce_at(market, b, o, &r);
