@@ -72,24 +72,10 @@ inline double periods(double i, double pmt, double pv, double fv, double d) {
     return orvel::log((b - i * fv) / (b + i * pv)) / orvel::log(1.0 + i);
 }
 
-// (1+i)^-n - 1 without the cancellation of the plain form where (1+i)^-n is near 1: there the difference
-// is e^x - 1 with x = -n ln(1+i), both from their series (to about 1e-19 relative for |i|, |x| < 0.01).
-// Where |n i| >= 0.01 the plain form loses at most 7 bits, which the rate solve's tolerance allows, once
-// the rounding of 1 + i is put back (growth): uncorrected, it shifts a rate of 0.01% by 1e-12 of itself.
-inline double discount_m1(double i, double n) {
-    if (std::fabs(n * i) >= 0.01) return growth(i, -n) - 1.0;
-    double ln1p = 0.0;
-    if (std::fabs(i) < 0.01) {
-        ln1p = i * (1.0 + i * (-1.0 / 2 + i * (1.0 / 3 + i * (-1.0 / 4 + i * (1.0 / 5 + i * (-1.0 / 6 +
-                   i * (1.0 / 7 + i * (-1.0 / 8 + i * (1.0 / 9)))))))));
-    } else {
-        const double u = 1.0 + i;  // the ratio corrects the rounding of 1 + i
-        ln1p = orvel::log(u) * (i / (u - 1.0));
-    }
-    const double x = -n * ln1p;
-    return x * (1.0 + x * (1.0 / 2 + x * (1.0 / 6 + x * (1.0 / 24 + x * (1.0 / 120 + x * (1.0 / 720 +
-               x * (1.0 / 5040 + x * (1.0 / 40320))))))));
-}
+// (1+i)^-n - 1 without the cancellation of the plain form where (1+i)^-n is near 1, and without the
+// rounding of 1 + i: log1p takes i itself. Within a few ulp of (1+i)^-n - 1 for |n ln(1+i)| up to 1, and
+// within |n ln(1+i)| ulp beyond, far inside the rate solve's tolerance. A third of the time of pow.
+inline double discount_m1(double i, double n) { return orvel::expm1(-n * orvel::log1p(i)); }
 
 // The rate solve's residual: minus the present value of everything at rate i,
 // -((1 - (1+i)^-n) / i (1 + i d) pmt + fv (1+i)^-n + pv), with 1 - (1+i)^-n from discount_m1: at 0.01% a

@@ -509,3 +509,58 @@ double exp(double x) noexcept {
 }
 
 }  // namespace orvel
+
+namespace orvel {
+
+// log(1 + x) on log's table in plain double arithmetic. u = 1 + x is split as log does (2^k m, m c - 1 = r
+// exact to one rounding), and the rounding of 1 + x comes back as e/u, so a rate of 1e-12 keeps its digits.
+// log(1 + r) = r + r^2 (-1/2 + r/3 - ... + r^5/7) leaves r^8/8 < 2^-67 out (|r| <= 2^-8); the terms add
+// smallest first onto k log 2 - log c, whose rounding comes back with them: log1p within an ulp.
+double log1p(double x) noexcept {
+    if (x != x || x == std::numeric_limits<double>::infinity()) return x;
+    if (x <= -1.0) return x == -1.0 ? -std::numeric_limits<double>::infinity() : std::numeric_limits<double>::quiet_NaN();
+    const double u = 1.0 + x;         // normal: at least 2^-53
+    const double e = x - (u - 1.0);   // exact while u < 2^53 (both differences are)
+    const uint64_t bits = std::bit_cast<uint64_t>(u);
+    int k = static_cast<int>(bits >> 52) - 1023;
+    const uint64_t frac = bits & 0xfffffffffffffULL;
+    const int i = static_cast<int>((frac + (uint64_t{1} << 44)) >> 45);
+    if (i >= 54) ++k;
+    const double m = from_bits(frac | 0x3ff0000000000000ULL);
+    const double m_hi = from_bits(std::bit_cast<uint64_t>(m) & ~((uint64_t{1} << 26) - 1));
+    const LogRow& t = kLog[i];
+    const double r = (m_hi * t.c - 1.0) + (m - m_hi) * t.c;
+    const double r2 = r * r;
+    const double tail = r2 * ((-0.5 + r * (1.0 / 3)) + r2 * ((-0.25 + r * 0.2) + r2 * (-1.0 / 6 + r * (1.0 / 7))));
+    const double kd = static_cast<double>(k);
+    const double k_ln2 = kd * kLn2Hi;  // exact
+    const double hi = k_ln2 + t.hi;
+    const double hi_lo = (k_ln2 - hi) + t.hi;  // exact: |k log 2| >= |log c| unless k = 0, and then hi = log c
+    return hi + (r + (tail + ((hi_lo + t.lo) + (kd * kLn2Lo + e / u))));
+}
+
+// e^x - 1 on exp's table in plain double arithmetic: x = n log2/128 + v + w, |v| <= log2/256 and w what
+// rounding v dropped, and with s = 2^(n/128) (a table entry, scaled),
+// e^x - 1 = (s - 1) + v + (s - 1) v + s (v^2 (1/2 + ... + v^4/720) + w), leaving v^7/5040 < 2^-71 out.
+// s - 1 is exact where it cancels (s within a factor 2 of 1); the terms add smallest first, and only the
+// last addition and s - 1 (where it does not cancel) round at the size of the result: within an ulp.
+double expm1(double x) noexcept {
+    if (x != x) return x;
+    if (x > 709.0) return exp(x) - 1.0;  // near overflow: exp scales in two steps
+    if (x < -40.0) return -1.0;          // e^x below half a unit in the last place of 1
+    const double shifter = 0x1.8p52;
+    const double nd = (x * kInvStep + shifter) - shifter;
+    const int n = static_cast<int>(nd);
+    const double reduced = x - nd * kStep1;  // exact (Sterbenz's lemma), as is nd kStep2
+    const double v = reduced - nd * kStep2;
+    const double w = (reduced - v) - nd * kStep2;
+    const double v2 = v * v;
+    const double tail = v2 * ((0.5 + v * (1.0 / 6)) + v2 * ((1.0 / 24 + v * (1.0 / 120)) + v2 * (1.0 / 720))) + w;
+    const DD t = kExp2[n & 127];
+    const double scale = pow2(n >> 7);
+    const double s = t.hi * scale, s_lo = t.lo * scale;  // exact
+    const double sm1 = s - 1.0;
+    return sm1 + (v + ((s_lo + sm1 * v) + (s * tail + s_lo * v)));
+}
+
+}  // namespace orvel

@@ -14,4 +14,11 @@ double pow(double x, double y) noexcept;
 double log(double x) noexcept;
 double exp(double x) noexcept;
 
+// log(1 + x) and e^x - 1 within about an ulp, in plain double arithmetic on the same tables: not
+// correctly rounded, but three times faster than pow and as platform-independent. For the inner loops of
+// the rate solves, where (1 + i)^-n - 1 = expm1(-n log1p(i)) keeps its digits at the smallest rates.
+// log1p: NaN below -1, -inf at -1; expm1: -1 below -40, +inf above 709.78.
+double log1p(double x) noexcept;
+double expm1(double x) noexcept;
+
 }  // namespace orvel
