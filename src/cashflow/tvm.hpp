@@ -81,8 +81,9 @@ inline double discount_m1(double i, double n) { return orvel::expm1(-n * orvel::
 // -((1 - (1+i)^-n) / i (1 + i d) pmt + fv (1+i)^-n + pv), with 1 - (1+i)^-n from discount_m1: at 0.01% a
 // period the plain form loses a third of its digits, more than the tolerance allows.
 inline double rate_residual(double i, double fv, double pmt, double pv, double n, double d) {
-    const double g = discount_m1(i, n);  // (1+i)^-n - 1
-    return -(-g / i * (1.0 + i * d) * pmt + fv * (1.0 + g) + pv);
+    const double per_payment = (1.0 + i * d) * pmt / i;  // divides while the power is computed
+    const double g = discount_m1(i, n);                   // (1+i)^-n - 1
+    return -(-g * per_payment + fv * (1.0 + g) + pv);
 }
 
 // The residual tolerance of the rate solve: 5e-10 while the larger of |fv| and |pv| is below 10^4, and
