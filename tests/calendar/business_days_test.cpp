@@ -107,13 +107,16 @@ TEST(HolidayTable, FullTableAndBoundsRefused) {
         if (dow(j) <= 5) table.push_back(j);
     table.push_back(-1);
     int32_t count = 3000, adjusted = 7, m = 1, d = 1, y = 2000;
-    uint32_t full = 0, too_long = 0, bad_count = 0;
+    uint32_t full = 0, too_long = 0, bad_count = 0, accepted = 77, longer = 0, negative = 0;
+    EXPECT_EQ(ok_hol_table(3000, table.data(), &accepted) + ok_hol_table(3001, table.data(), &longer) +
+              ok_hol_table(-1, table.data(), &negative), 1);
     EXPECT_EQ(hol_maint(1, 1, 2030, 1, &count, table.data(), 1, &full), 0);  // a Tuesday, past the last entry
     EXPECT_EQ(table[3000], -1);
     count = 3001;
     EXPECT_EQ(hol_maint(1, 1, 2030, 1, &count, table.data(), 0, &bad_count), 0);  // bounded without validation too
     EXPECT_EQ(adj_cfs_dts(&m, &d, &y, 1001, nullptr, 0, 1, &adjusted, 0, &too_long), 0);
-    EXPECT_EQ(std::vector<uint32_t>({full, bad_count, too_long}), std::vector<uint32_t>({15700, 5400, 14010}));
+    EXPECT_EQ(std::vector<uint32_t>({accepted, longer, negative, full, bad_count, too_long}),
+              std::vector<uint32_t>({0, 5400, 5400, 15700, 5400, 14010}));
     EXPECT_EQ(adjusted + count, 7 + 3001);
 }
 

@@ -106,8 +106,8 @@ TEST(ErrorNumbers, NoTwoMeaningsShareANumber) {
     }
 }
 
-// 1000 dates reach the date checks, 1001 are refused before them. Without validation MDY_maint takes a
-// list of any length; with validation it refuses a merge that would pass 1000 dates.
+// 1000 dates reach the date checks, 1001 are refused before them. MDY_maint takes a list of any length
+// without validation; with it, it refuses a merge that would pass 1000 dates.
 TEST(ErrorNumbers, DateListsHoldAtMostOneThousandDates) {
     for (const auto& [refused, call] : list_checks) {
         EXPECT_EQ(list_check(call, ORVEL_DATE_LIST_MAX), ORVEL_E_DATE_LIST_BASE + 999u);
@@ -118,16 +118,13 @@ TEST(ErrorNumbers, DateListsHoldAtMostOneThousandDates) {
     for (int32_t i = 0; i < 1000; ++i) julian_2_MDY(2451545 + i, &am[i], &ad[i], &ay[i]);
     const int32_t cm = 12, cd = 31, cy = 2002;  // after the last of them (9/26/2002)
     const double camt = 1.0;
-    for (int32_t validate : {1, 0}) {
+    const int32_t rows[][4] = {{1000, 1, 0, ORVEL_E_LIST_LENGTH}, {1000, 0, 1001, 0}, {999, 1, 1000, 0}};
+    for (const auto& [count, validate, merged, number] : rows) {  // count, validate => new count, err_code
         uint32_t err = 0;
-        EXPECT_EQ(MDY_maint(1, am.data(), ad.data(), ay.data(), amt.data(), 1000, 1001, &cm, &cd, &cy, &camt, 1,
-                            validate, &err), validate ? 0 : 1001);
-        EXPECT_EQ(err, validate ? uint32_t{ORVEL_E_LIST_LENGTH} : 0u);
+        EXPECT_EQ(MDY_maint(1, am.data(), ad.data(), ay.data(), amt.data(), count, 1001, &cm, &cd, &cy, &camt, 1,
+                            validate, &err), merged) << count << " " << validate;
+        EXPECT_EQ(err, static_cast<uint32_t>(number)) << count << " " << validate;
     }
-    uint32_t err = 0;  // 999 dates and one more make exactly 1000: merged
-    EXPECT_EQ(MDY_maint(1, am.data(), ad.data(), ay.data(), amt.data(), 999, 1001, &cm, &cd, &cy, &camt, 1, 1, &err),
-              1000);
-    EXPECT_EQ(err, 0u);
 }
 
 // The text is cut to size - 1 characters and terminated, nothing written for a size below 1 or past the

@@ -20,8 +20,6 @@ double ulps(double got, long double ref) {
 TEST(Power, WithinHalfAnUlpOfPowl) {
     std::mt19937_64 gen(7);
     std::uniform_real_distribution<double> log_base(std::log(0.01), std::log(100.0)), unit(0.0, 1.0);
-    int n = 0, rounded = 0;
-    double worst = 0.0;
     for (int i = 0; i < 400000; ++i) {
         // every third base within 1% of 1 (a period's discount factor); exponents whole or not, to 10^5
         const double x = i % 3 == 0 ? 1.0 + (unit(gen) - 0.5) * 0.02 : std::exp(log_base(gen));
@@ -29,14 +27,8 @@ TEST(Power, WithinHalfAnUlpOfPowl) {
         const double y = i % 2 == 0 ? std::round(e) : e;
         const long double ref = powl(x, y);
         if (!(std::fabs(static_cast<double>(ref)) > 1e-300 && std::fabs(static_cast<double>(ref)) < 1e300)) continue;
-        const double got = orvel::pow(x, y);
-        const double err = std::fabs(ulps(got, ref));
-        worst = std::max(worst, err);
-        ++n;
-        rounded += got == static_cast<double>(ref);
-        EXPECT_LE(err, 0.5 + 1.0 / 1024) << std::hexfloat << x << " ^ " << y;  // powl's own error aside
+        EXPECT_LE(std::fabs(ulps(orvel::pow(x, y), ref)), 0.5 + 1.0 / 1024) << std::hexfloat << x << " ^ " << y;
     }
-    std::printf("orvel::pow: %d cases, worst %.4f ulp, %.4f%% as powl rounded\n", n, worst, 100.0 * rounded / n);
 }
 
 TEST(Power, ExactPowersOfTenAndTwo) {
@@ -60,10 +52,6 @@ TEST(Power, SpecialValuesAsC) {
         }
 }
 
-}  // namespace
-
-namespace {
-
 // orvel::log and orvel::exp against the x87 logl and expl, and their special values.
 TEST(Power, LogAndExpWithinHalfAnUlpOfLongDouble) {
     std::mt19937_64 gen(11);
@@ -74,17 +62,10 @@ TEST(Power, LogAndExpWithinHalfAnUlpOfLongDouble) {
         const double x = std::exp(t);
         EXPECT_LE(std::fabs(ulps(orvel::log(x), logl(x))), 0.5 + 1.0 / 1024) << std::hexfloat << x;
     }
-    EXPECT_EQ(orvel::log(1.0), 0.0);
-    EXPECT_EQ(orvel::exp(0.0), 1.0);
-    EXPECT_EQ(orvel::log(0.0), -INFINITY);
-    EXPECT_TRUE(std::isnan(orvel::log(-1.0)));
-    EXPECT_EQ(orvel::exp(711.0), INFINITY);
-    EXPECT_EQ(orvel::exp(-750.0), 0.0);
+    const double cases[][2] = {{1.0, 0.0}, {0.0, -INFINITY}, {INFINITY, INFINITY}};  // x, log x = y, exp y = x
+    for (const auto& c : cases) EXPECT_TRUE(orvel::log(c[0]) == c[1] && orvel::exp(c[1]) == c[0]) << c[0];
+    EXPECT_TRUE(std::isnan(orvel::log(-1.0)) && orvel::exp(711.0) == INFINITY && orvel::exp(-750.0) == 0.0);
 }
-
-}  // namespace
-
-namespace {
 
 // log1p and expm1 against the x87 log1pl and expm1l, on the rates and exponents of the rate solves: within
 // about an ulp, where pow is within half of one.
@@ -100,7 +81,6 @@ TEST(Power, Log1pAndExpm1WithinAnUlpOfLongDouble) {
         const double t = (i % 3 == 0 ? -1.0 : 1.0) * std::fmin(std::pow(10.0, -12.0 + 14.85 * unit(gen)), 700.0);
         worst_exp = std::max(worst_exp, std::fabs(ulps(orvel::expm1(t), expm1l(t))));
     }
-    std::printf("orvel::log1p worst %.3f ulp, orvel::expm1 worst %.3f ulp\n", worst_log, worst_exp);
     EXPECT_LE(worst_log, 1.2);  // measured 1.13 where log c and r cancel (1 + x just below 1 - 1/256)
     EXPECT_LE(worst_exp, 1.01);
     const double inf = INFINITY;

@@ -79,17 +79,6 @@ TEST(BondDates, DefaultsOfEveryMaturityPassUnderTheMonthEndRule) {
     }
 }
 
-TEST(HolidayTable, TakesThreeThousandWeekdaysAndNoMore) {
-    std::vector<int32_t> table;
-    for (int32_t j = 2451549; table.size() < 3001; ++j)
-        if (j % 7 + 1 <= 5) table.push_back(j);
-    for (int32_t count : {3000, 3001, -1}) {
-        uint32_t err = 77;
-        EXPECT_EQ(ok_hol_table(count, table.data(), &err), count == 3000 ? 1 : 0) << count;
-        EXPECT_EQ(err, count == 3000 ? 0u : 5400u) << count;
-    }
-}
-
 // err_code after a call that succeeds when the caller set it to 77; -1 for a call that fails or has none.
 int64_t after_77(const std::string& line) {
     orvel::callkit::PreparedCall call;
