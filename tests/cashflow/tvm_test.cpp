@@ -88,7 +88,8 @@ TEST(Annuity, RateSolveReachesItsToleranceAtTinyRates) {
 }
 
 TEST(Annuity, ToleranceFollowsTheDigitsOfTheLargerAmount) {
-    const double cases[][2] = {{0.0, 5e-10}, {9999.99, 5e-10}, {1e4, 5e-9}, {1e6, 5e-7}, {-2.5e7, 5e-6}};
+    const double cases[][2] = {{0.0, 5e-10}, {9999.99, 5e-10}, {1e4, 5e-9}, {1e6, 5e-7}, {-2.5e7, 5e-6},
+                               {9e22, 5e9}, {5e23, 5e10}, {-3e25, 5e12}};  // past 10^22, powers of ten by pow
     for (const auto& c : cases) EXPECT_DOUBLE_EQ(orvel::tvm::rate_tolerance(0.5, c[0]), c[1]) << c[0];
 }
 
