@@ -4,7 +4,6 @@
 // start of each period. Shared by the time-value exports and the debt-service measures.
 #pragma once
 
-#include <cmath>
 #include <cstdint>
 
 #include "bond/solver.hpp"

@@ -332,6 +332,25 @@ constexpr double kStep3 = 0x1.e3b39803f2f6bp-79;
 constexpr double kThirdHi = 0x1.5555555555555p-2;
 constexpr double kThirdLo = 0x1.5555555555555p-56;
 
+// x = 2^k m, normal, on log's table: the row of the nearest 1 + i/128 (k one more from i = 54 on), and
+// m c - 1 = (m_hi c - 1) + m_lo c, both parts exact (53 and 52 bits, the first by Sterbenz's lemma).
+struct LogReduced {
+    int k;
+    const LogRow* row;
+    double r_hi, r_lo;  // the two exact parts of m c - 1
+};
+inline LogReduced reduce_log(double x) {
+    const uint64_t bits = std::bit_cast<uint64_t>(x);
+    int k = static_cast<int>(bits >> 52) - 1023;
+    const uint64_t frac = bits & 0xfffffffffffffULL;
+    const int i = static_cast<int>((frac + (uint64_t{1} << 44)) >> 45);  // nearest 128 (m - 1), 0..128
+    if (i >= 54) ++k;
+    const double m = from_bits(frac | 0x3ff0000000000000ULL);
+    const double m_hi = from_bits(std::bit_cast<uint64_t>(m) & ~((uint64_t{1} << 26) - 1));  // 27 bits
+    const LogRow& t = kLog[i];
+    return {k, &t, m_hi * t.c - 1.0, (m - m_hi) * t.c};
+}
+
 // log x for finite x > 0, as hi + lo.
 DD log_dd(double x) {
     int k = 0;
@@ -339,16 +358,10 @@ DD log_dd(double x) {
         x *= 0x1p54;
         k = -54;
     }
-    const uint64_t bits = std::bit_cast<uint64_t>(x);
-    k += static_cast<int>(bits >> 52) - 1023;
-    const uint64_t frac = bits & 0xfffffffffffffULL;
-    const int i = static_cast<int>((frac + (uint64_t{1} << 44)) >> 45);  // nearest 128 (m - 1), 0..128
-    if (i >= 54) ++k;
-    const double m = from_bits(frac | 0x3ff0000000000000ULL);
-    const double m_hi = from_bits(std::bit_cast<uint64_t>(m) & ~((uint64_t{1} << 26) - 1));  // 27 bits
-    const LogRow& t = kLog[i];
-    // m c - 1 = (m_hi c - 1) + m_lo c, both exact (53 and 52 bits, the first by Sterbenz's lemma).
-    const DD r = two_sum(m_hi * t.c - 1.0, (m - m_hi) * t.c);
+    const LogReduced red = reduce_log(x);
+    k += red.k;
+    const LogRow& t = *red.row;
+    const DD r = two_sum(red.r_hi, red.r_lo);
 
     // log(1 + r) = r - r^2/2 + r^3 q, q = 1/3 + p.
     const double rh = r.hi;
@@ -374,15 +387,26 @@ DD log_dd(double x) {
     return fast_two_sum(b.hi, a.lo + b.lo + kd * kLn2Lo + t.lo + lp_lo);
 }
 
+// t = n log2/128 + (reduced - nd kStep2) for |t| < 2^10: n the nearest integer to t 128/log2 (nd as a
+// double); nd kStep1 and nd kStep2 are exact, and so is reduced = t - nd kStep1 (Sterbenz's lemma).
+struct ExpReduced {
+    double nd;
+    int n;
+    double reduced;
+};
+inline ExpReduced reduce_exp(double t) {
+    const double shifter = 0x1.8p52;
+    const double nd = (t * kInvStep + shifter) - shifter;
+    return {nd, static_cast<int>(nd), t - nd * kStep1};
+}
+
 // e^(th + tl) for -746 <= th <= 710, |tl| <= ulp(th), correctly rounded (also when subnormal).
 double exp_dd(double th, double tl) {
-    const double shifter = 0x1.8p52;
-    const double nd = (th * kInvStep + shifter) - shifter;  // nearest integer, |n| < 2^18
-    const int n = static_cast<int>(nd);
-    const int k = n >> 7;  // floor(n / 128)
-    const int j = n & 127;
-    // u = t - n log2/128: nd kStep1 and nd kStep2 are exact, th - nd kStep1 too (Sterbenz's lemma).
-    DD u = two_sum(th - nd * kStep1, -(nd * kStep2));
+    const ExpReduced red = reduce_exp(th);
+    const double nd = red.nd;
+    const int k = red.n >> 7;  // floor(n / 128)
+    const int j = red.n & 127;
+    DD u = two_sum(red.reduced, -(nd * kStep2));
     u = fast_two_sum(u.hi, u.lo + tl - nd * kStep3);
 
     // e^u - 1 = u + u^2/2 + u^3 v
@@ -512,8 +536,8 @@ double exp(double x) noexcept {
 
 namespace orvel {
 
-// log(1 + x) on log's table in plain double arithmetic. u = 1 + x is split as log does (2^k m, m c - 1 = r
-// exact to one rounding), and the rounding of 1 + x comes back as e/u, so a rate of 1e-12 keeps its digits.
+// log(1 + x) on log's table in plain double arithmetic. u = 1 + x is reduced as log reduces (r = m c - 1
+// to one rounding), and the rounding of 1 + x comes back as e/u, so a rate of 1e-12 keeps its digits.
 // log(1 + r) = r + r^2 (-1/2 + r/3 - ... + r^5/7) leaves r^8/8 < 2^-67 out (|r| <= 2^-8); the terms add
 // smallest first onto k log 2 - log c, whose rounding comes back with them: log1p within an ulp.
 double log1p(double x) noexcept {
@@ -521,18 +545,12 @@ double log1p(double x) noexcept {
     if (x <= -1.0) return x == -1.0 ? -std::numeric_limits<double>::infinity() : std::numeric_limits<double>::quiet_NaN();
     const double u = 1.0 + x;         // normal: at least 2^-53
     const double e = x - (u - 1.0);   // exact while u < 2^53 (both differences are)
-    const uint64_t bits = std::bit_cast<uint64_t>(u);
-    int k = static_cast<int>(bits >> 52) - 1023;
-    const uint64_t frac = bits & 0xfffffffffffffULL;
-    const int i = static_cast<int>((frac + (uint64_t{1} << 44)) >> 45);
-    if (i >= 54) ++k;
-    const double m = from_bits(frac | 0x3ff0000000000000ULL);
-    const double m_hi = from_bits(std::bit_cast<uint64_t>(m) & ~((uint64_t{1} << 26) - 1));
-    const LogRow& t = kLog[i];
-    const double r = (m_hi * t.c - 1.0) + (m - m_hi) * t.c;
+    const LogReduced red = reduce_log(u);
+    const LogRow& t = *red.row;
+    const double r = red.r_hi + red.r_lo;
     const double r2 = r * r;
     const double tail = r2 * ((-0.5 + r * (1.0 / 3)) + r2 * ((-0.25 + r * 0.2) + r2 * (-1.0 / 6 + r * (1.0 / 7))));
-    const double kd = static_cast<double>(k);
+    const double kd = static_cast<double>(red.k);
     const double k_ln2 = kd * kLn2Hi;  // exact
     const double hi = k_ln2 + t.hi;
     const double hi_lo = (k_ln2 - hi) + t.hi;  // exact: |k log 2| >= |log c| unless k = 0, and then hi = log c
@@ -548,12 +566,11 @@ double expm1(double x) noexcept {
     if (x != x) return x;
     if (x > 709.0) return exp(x) - 1.0;  // near overflow: exp scales in two steps
     if (x < -40.0) return -1.0;          // e^x below half a unit in the last place of 1
-    const double shifter = 0x1.8p52;
-    const double nd = (x * kInvStep + shifter) - shifter;
-    const int n = static_cast<int>(nd);
-    const double reduced = x - nd * kStep1;  // exact (Sterbenz's lemma), as is nd kStep2
-    const double v = reduced - nd * kStep2;
-    const double w = (reduced - v) - nd * kStep2;
+    const ExpReduced red = reduce_exp(x);
+    const double nd = red.nd;
+    const int n = red.n;
+    const double v = red.reduced - nd * kStep2;
+    const double w = (red.reduced - v) - nd * kStep2;
     const double v2 = v * v;
     const double tail = v2 * ((0.5 + v * (1.0 / 6)) + v2 * ((1.0 / 24 + v * (1.0 / 120)) + v2 * (1.0 / 720))) + w;
     const DD t = kExp2[n & 127];
